@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QString>
+
+#include <stdexcept>
+
+namespace core {
+
+// A run-time error as the script language reports it: a number and a description. The text
+// helpers, the conversions and (later) the script engine raise it; procedures that run with
+// "ignore the error and go on" catch it step by step through TryStep.
+class RuntimeError : public std::runtime_error {
+public:
+  static constexpr int InvalidProcedureCall = 5;
+  static constexpr int Overflow = 6;
+  static constexpr int SubscriptOutOfRange = 9;
+  static constexpr int DivisionByZero = 11;
+  static constexpr int TypeMismatch = 13;
+
+  RuntimeError(int number, const QString& description);
+
+  int Number() const { return m_number; }
+  QString Description() const { return m_description; }
+
+  // The language's own words for the numbers above.
+  static RuntimeError Of(int number);
+
+private:
+  int m_number;
+  QString m_description;
+};
+
+// Runs one step of a procedure whose errors are ignored: a RuntimeError ends the step, and the
+// caller goes on with the next one. Whatever the step assigned before it failed stays assigned.
+template <typename Step>
+void TryStep(Step&& step) {
+  try {
+    step();
+  } catch (const RuntimeError&) {
+  }
+}
+
+}  // namespace core
