@@ -1,0 +1,51 @@
+#include "CommandLine.h"
+
+#include "ExplainCommand.h"
+
+namespace cli {
+
+QString HelpText() {
+  return QStringLiteral(
+      "Usage: quillograph-cli COMMAND [ARGUMENTS]\n"
+      "\n"
+      "Quillograph's engines from the shell.\n"
+      "\n"
+      "Commands:\n"
+      "  explain [TEXT...]   Show how a row's text travels through the pipeline. For each TEXT\n"
+      "                      (with none, each line of standard input) print four lines and an\n"
+      "                      empty one:\n"
+      "                        normalised: the text as the script engine evaluates it\n"
+      "                        line: the function line that the plot receives\n"
+      "                        bare: the right-hand side alone\n"
+      "                        row: the restriction compiled into the stored row form\n"
+      "                      Put -- before texts that start with a dash.\n"
+      "\n"
+      "Options:\n"
+      "  -h, --help          Show this help. COMMAND --help shows the same.\n");
+}
+
+int Run(const QStringList& arguments, Streams streams) {
+  if (arguments.isEmpty()) {
+    streams.Err << HelpText();
+    streams.Err.flush();
+    return 2;
+  }
+  const QString command = arguments.first();
+  const QStringList rest = arguments.mid(1);
+  if (command == u"--help" || command == u"-h" || command == u"help") {
+    streams.Out << HelpText();
+    streams.Out.flush();
+    return 0;
+  }
+  if (rest.size() == 1 && (rest.first() == u"--help" || rest.first() == u"-h")) {
+    streams.Out << HelpText();
+    streams.Out.flush();
+    return 0;
+  }
+  if (command == u"explain") return RunExplain(rest, streams);
+  streams.Err << "quillograph-cli: unknown command \"" << command << "\"\n\n" << HelpText();
+  streams.Err.flush();
+  return 2;
+}
+
+}  // namespace cli

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QStringList>
+#include <QTextStream>
+
+namespace cli {
+
+// The streams a subcommand reads and writes, so that tests can run it in memory.
+struct Streams {
+  QTextStream& In;
+  QTextStream& Out;
+  QTextStream& Err;
+};
+
+// Runs quillograph-cli with its arguments (without the program's name) and returns the exit code:
+// 0 on success, 2 for a usage error.
+int Run(const QStringList& arguments, Streams streams);
+
+// The text of --help: every subcommand with its arguments.
+QString HelpText();
+
+}  // namespace cli
