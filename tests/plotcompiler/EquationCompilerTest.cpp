@@ -125,6 +125,30 @@ TEST(EquationCompiler, MalformedRestrictionsComeBackWithoutFailing) {
   });
 }
 
+TEST(EquationCompiler, MarkersTypedByAUserTakeTheirMeaning) {
+  ExpectAll({
+      // The compiler's own marks are plain replacements: typed, they turn into what they hold.
+      {"y=@~@", false, "y=theta"},
+      {"y=##x&&", false, "y=[x]"},
+      {"y=###", false, "y=command"},
+      // A typed "###" reads as "command" and so keeps the brackets.
+      {"y=[x]+###", false, "y=[x]+command"},
+      {"y=<~>x", false, "y=<~>x"},
+  });
+}
+
+TEST(EquationCompiler, GreekSymbolsThroughEveryForm) {
+  ExpectAll({
+      {"declare(y=a..symb*x,domain(x,b..symb,q..symb,2))", false, "y=alpha*x;beta<x<=theta"},
+      {"declare(r=q..symb,q..symb<pi)", false, "r=theta;theta<pi"},
+      {"r=declare(q..symb,domain(q..symb,0,2*pi,1))", false, "r=theta;0<=theta<=2*pi"},
+      {"r=declare(q..symb,domain(q..symb,0,2*pi,1))", true, "x;0<=x<=2*pi"},
+      {"declare(y=l..symb*x,domain(x,0,1,0) and domain(y,m..symb,t..symb,1))", false,
+       "y=lambda*x;0<x<1;meu<=y<=tau"},
+      {"[r,q..symb;1,pi/2]", false, "[r,theta;1,pi/2]"},
+  });
+}
+
 TEST(EquationCompiler, DomainToInequality) {
   struct Case { const char* text; const char* chain; };
   const Case cases[] = {
