@@ -16,6 +16,19 @@ public:
   static constexpr int SubscriptOutOfRange = 9;
   static constexpr int DivisionByZero = 11;
   static constexpr int TypeMismatch = 13;
+  static constexpr int OutOfStackSpace = 28;
+  static constexpr int InvalidPropertyValue = 380;
+  static constexpr int ObjectRequired = 424;
+  static constexpr int UnsupportedMember = 438;
+  static constexpr int WrongArgumentCount = 450;
+  static constexpr int IllegalAssignment = 501;
+  static constexpr int SyntaxError = 1002;
+  static constexpr int ExpectedCloseParen = 1006;
+  static constexpr int ExpectedIdentifier = 1010;
+  static constexpr int ExpectedEquals = 1011;
+  static constexpr int ExpectedEndOfStatement = 1025;
+  static constexpr int InvalidCharacter = 1032;
+  static constexpr int UnterminatedString = 1033;
 
   RuntimeError(int number, const QString& description);
 
