@@ -1,5 +1,6 @@
 #include "CommandLine.h"
 
+#include "EvalCommand.h"
 #include "ExplainCommand.h"
 
 namespace cli {
@@ -19,6 +20,16 @@ QString HelpText() {
       "                        bare: the right-hand side alone\n"
       "                        row: the restriction compiled into the stored row form\n"
       "                      Put -- before texts that start with a dash.\n"
+      "\n"
+      "  eval [--script] [--exec STATEMENT]... [--const NAME=VALUE]... [TEXT...]\n"
+      "                      Evaluate with the program's own engine, one line for each TEXT\n"
+      "                      (with none, each line of standard input):\n"
+      "                        the value of the text as typed (normalised, constants put in),\n"
+      "                        or MathError when it cannot be computed;\n"
+      "                        with --script, the script engine alone: the value, or\n"
+      "                        Error <number>: <description>.\n"
+      "                      --exec runs an assignment such as x=2 first; --const gives a\n"
+      "                      constant a value as a constant row does (a=2.5).\n"
       "\n"
       "Options:\n"
       "  -h, --help          Show this help. COMMAND --help shows the same.\n");
@@ -43,6 +54,7 @@ int Run(const QStringList& arguments, Streams streams) {
     return 0;
   }
   if (command == u"explain") return RunExplain(rest, streams);
+  if (command == u"eval") return RunEval(rest, streams);
   streams.Err << "quillograph-cli: unknown command \"" << command << "\"\n\n" << HelpText();
   streams.Err.flush();
   return 2;

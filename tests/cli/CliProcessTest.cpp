@@ -40,3 +40,10 @@ TEST(CliProcess, HelpExitsCleanly) {
   EXPECT_EQ(code, 0);
   EXPECT_TRUE(out.contains("explain"));
 }
+
+TEST(CliProcess, EvalFromStandardInput) {
+  int code = -1;
+  const QString out = RunProcess({"eval"}, "2pi\n1/0\n", &code);
+  EXPECT_EQ(code, 0);
+  EXPECT_EQ(out, "6.28318530717958\nMathError\n");
+}

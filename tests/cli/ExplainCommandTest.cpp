@@ -1,34 +1,15 @@
-#include "cli/CommandLine.h"
+#include "CliRunner.h"
 
 #include <gtest/gtest.h>
 
 #include "QtPrinters.h"
 
-namespace {
-
-struct Result {
-  int code;
-  QString out;
-  QString err;
-};
-
-Result RunCli(const QStringList& arguments, const QString& input = {}) {
-  QString in = input;
-  QString out;
-  QString err;
-  QTextStream inStream(&in);
-  QTextStream outStream(&out);
-  QTextStream errStream(&err);
-  const int code = cli::Run(arguments, {inStream, outStream, errStream});
-  return {code, out, err};
-}
-
-}  // namespace
+using Result = CliResult;
 
 TEST(ExplainCommand, PrintsFourLinesAndAnEmptyOneForEachText) {
   const Result r = RunCli({"explain", "y=x;0<x<3", "2sin(x)"});
-  EXPECT_EQ(r.code, 0);
-  EXPECT_EQ(r.out,
+  EXPECT_EQ(r.Code, 0);
+  EXPECT_EQ(r.Out,
             "normalised: y=x;0<x<3\n"
             "line: y=x;0<x<3\n"
             "bare: x;0<x<3\n"
@@ -39,17 +20,17 @@ TEST(ExplainCommand, PrintsFourLinesAndAnEmptyOneForEachText) {
             "bare: 2sin(x)\n"
             "row: 2sin(x)\n"
             "\n");
-  EXPECT_TRUE(r.err.isEmpty());
+  EXPECT_TRUE(r.Err.isEmpty());
 }
 
 TEST(ExplainCommand, EmptyValuesKeepTheirBlank) {
   const Result r = RunCli({"explain", ""});
-  EXPECT_EQ(r.out, "normalised: \nline: \nbare: \nrow: \n\n");
+  EXPECT_EQ(r.Out, "normalised: \nline: \nbare: \nrow: \n\n");
 }
 
 TEST(ExplainCommand, ReadsOneTextPerLineWithoutArguments) {
   const Result r = RunCli({"explain"}, "r=2*q..symb\r\ndeclare(y=x,x>0)\n");
-  EXPECT_EQ(r.out,
+  EXPECT_EQ(r.Out,
             "normalised: r=2*q..symb\n"
             "line: r=2*theta\n"
             "bare: 2*x\n"
@@ -64,23 +45,23 @@ TEST(ExplainCommand, ReadsOneTextPerLineWithoutArguments) {
 
 TEST(ExplainCommand, TextsThatStartWithADashFollowADoubleDash) {
   const Result r = RunCli({"explain", "--", "-x"});
-  EXPECT_TRUE(r.out.startsWith("normalised: -x\n")) << r.out.toStdString();
+  EXPECT_TRUE(r.Out.startsWith("normalised: -x\n")) << r.Out.toStdString();
 }
 
 TEST(CommandLine, HelpDocumentsEverySubcommand) {
   for (const QStringList& arguments : {QStringList{"--help"}, QStringList{"-h"}, QStringList{"explain", "--help"}}) {
     const Result r = RunCli(arguments);
-    EXPECT_EQ(r.code, 0);
-    EXPECT_TRUE(r.out.contains("explain [TEXT...]")) << r.out.toStdString();
+    EXPECT_EQ(r.Code, 0);
+    EXPECT_TRUE(r.Out.contains("explain [TEXT...]")) << r.Out.toStdString();
   }
 }
 
 TEST(CommandLine, UnknownOrMissingCommandsAreUsageErrors) {
   Result r = RunCli({});
-  EXPECT_EQ(r.code, 2);
-  EXPECT_TRUE(r.err.contains("Usage:"));
+  EXPECT_EQ(r.Code, 2);
+  EXPECT_TRUE(r.Err.contains("Usage:"));
   r = RunCli({"frobnicate"});
-  EXPECT_EQ(r.code, 2);
-  EXPECT_TRUE(r.err.contains("unknown command \"frobnicate\""));
-  EXPECT_TRUE(r.out.isEmpty());
+  EXPECT_EQ(r.Code, 2);
+  EXPECT_TRUE(r.Err.contains("unknown command \"frobnicate\""));
+  EXPECT_TRUE(r.Out.isEmpty());
 }

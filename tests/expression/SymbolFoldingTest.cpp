@@ -1,4 +1,5 @@
 #include "core/RuntimeError.h"
+#include "core/TextFunctions.h"
 #include "expression/SymbolFolding.h"
 
 #include <gtest/gtest.h>
@@ -94,5 +95,23 @@ TEST(SymbolFolding, CountOfCountsWholeOccurrences) {
     ADD_FAILURE() << "an empty what must divide by zero";
   } catch (const core::RuntimeError& e) {
     EXPECT_EQ(e.Number(), core::RuntimeError::DivisionByZero);
+  }
+}
+
+// The shortcut of ReplaceSymbol for texts without "_" and without the name must give what the
+// full fold, replace and unfold gives.
+TEST(SymbolFolding, TheShortcutAgreesWithTheFullRoundTrip) {
+  const auto tokens = Tokens();
+  const QStringList pieces = {"sin", "h", "a", "cos", "x", "(", ")", "*", "q", "sqr", "t", "log", "10",
+                              "theta", "rho", "as", "in", "e", "xp", "c", "o", "n", "st", "+", "2", "^"};
+  std::uint32_t seed = 12345;
+  const auto next = [&seed] { return seed = seed * 1664525u + 1013904223u; };
+  for (int round = 0; round < 20000; ++round) {
+    QString text;
+    const int length = static_cast<int>(next() % 12);
+    for (int i = 0; i < length; ++i) text += pieces[static_cast<int>(next() % pieces.size())];
+    const QString find = QStringList{"a", "b", "s", "x", "alpha", "q"}[static_cast<int>(next() % 6)];
+    const QString full = UnfoldTokens(tokens, core::Replace(FoldTokens(tokens, text), find, "9"), false);
+    EXPECT_EQ(ReplaceSymbol(tokens, text, find, "9"), full) << text.toStdString() << " / " << find.toStdString();
   }
 }
