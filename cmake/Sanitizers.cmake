@@ -5,3 +5,10 @@ if(QUILLOGRAPH_SANITIZE)
                       -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
 endif()
+
+# A fuzzing build instruments every library for coverage, so that libFuzzer sees into the code
+# under test and not only into the target's own function.
+if(QUILLOGRAPH_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()

@@ -43,7 +43,9 @@ QString Mid(const QString& text, qsizetype start, qsizetype length) {
 }
 
 QString Replace(const QString& text, const QString& find, const QString& replacement) {
-  if (find.isEmpty()) return text;
+  // Most replacements of the pipeline find nothing; answering those without a copy or a matcher
+  // makes the fixed chains of replacements several times faster.
+  if (find.isEmpty() || !text.contains(find, Qt::CaseSensitive)) return text;
   QString result = text;
   result.replace(find, replacement, Qt::CaseSensitive);
   return result;
