@@ -10,22 +10,7 @@ namespace {
 
 using core::RuntimeError;
 
-// Texts are cached up to this many; past it the cache starts again, so that a stream of ever new
-// texts cannot grow it without bound.
-constexpr qsizetype kCacheLimit = 4096;
-
 }  // namespace
-
-// A compiled text, or the compile error it raised, so that a bad text fails fast again too.
-struct ScriptControl::CachedExpression {
-  Program Code;
-  std::optional<RuntimeError> Error;
-};
-
-struct ScriptControl::CachedStatement {
-  std::vector<Assignment> Code;
-  std::optional<RuntimeError> Error;
-};
 
 ScriptControl::ScriptControl() = default;
 ScriptControl::~ScriptControl() = default;
@@ -54,8 +39,8 @@ void ScriptControl::AddObject(const QString& name, std::shared_ptr<ScriptObject>
   m_members.push_back(std::move(members));
   m_objectNames.insert(name.toLower(), index);
   // Names may now mean something else: compile everything again.
-  m_expressions.clear();
-  m_statements.clear();
+  m_expressions.Clear();
+  m_statements.Clear();
 }
 
 std::optional<Callee> ScriptControl::FindFunction(const QString& name) const {
@@ -86,41 +71,18 @@ int ScriptControl::VariableSlot(const QString& name) {
   return slot;
 }
 
-const ScriptControl::CachedExpression& ScriptControl::Compiled(const QString& text) {
-  if (const auto found = m_expressions.constFind(text); found != m_expressions.cend()) return **found;
-  if (m_expressions.size() >= kCacheLimit) m_expressions.clear();
-  auto entry = std::make_shared<CachedExpression>();
-  try {
-    entry->Code = CompileExpression(text, *this);
-  } catch (const RuntimeError& error) {
-    entry->Error = error;
-  }
-  return **m_expressions.insert(text, std::move(entry));
-}
-
 Value ScriptControl::Eval(const QString& text) {
   RequireLanguage();
-  const CachedExpression& compiled = Compiled(text);
-  if (compiled.Error) throw *compiled.Error;
-  return Run(compiled.Code);
+  const auto& entry = m_expressions.Get(text, [this](const QString& t) { return CompileExpression(t, *this); });
+  if (entry.Error) throw *entry.Error;
+  return Run(entry.Compiled);
 }
 
 void ScriptControl::ExecuteStatement(const QString& text) {
   RequireLanguage();
-  auto found = m_statements.constFind(text);
-  if (found == m_statements.cend()) {
-    if (m_statements.size() >= kCacheLimit) m_statements.clear();
-    auto entry = std::make_shared<CachedStatement>();
-    try {
-      entry->Code = CompileStatements(text, *this);
-    } catch (const RuntimeError& error) {
-      entry->Error = error;
-    }
-    found = m_statements.insert(text, std::move(entry));
-  }
-  const std::shared_ptr<CachedStatement> statement = *found;  // Run may clear the cache
-  if (statement->Error) throw *statement->Error;
-  for (const Assignment& assignment : statement->Code) {
+  const auto& entry = m_statements.Get(text, [this](const QString& t) { return CompileStatements(t, *this); });
+  if (entry.Error) throw *entry.Error;
+  for (const Assignment& assignment : entry.Compiled) {
     const Value value = Run(assignment.Expression);
     m_variables[static_cast<size_t>(assignment.Slot)] = value;
   }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CompiledCache.h"
 #include "Compiler.h"
 #include "ScriptObject.h"
 #include "Value.h"
@@ -37,16 +38,12 @@ public:
   Value Eval(const QString& text);
 
 private:
-  struct CachedExpression;
-  struct CachedStatement;
-
   std::optional<Callee> FindFunction(const QString& name) const override;
   std::optional<int> FindObject(const QString& name) const override;
   std::optional<int> FindMember(int object, const QString& name) const override;
   int VariableSlot(const QString& name) override;
 
   void RequireLanguage() const;
-  const CachedExpression& Compiled(const QString& text);
   Value Run(const Program& program);
   Value Invoke(const Instruction& instruction, std::span<const Value> arguments);
 
@@ -59,8 +56,8 @@ private:
   std::vector<Value> m_variables;
   std::vector<Value> m_stack;
   numeric::VbRandom m_random;
-  QHash<QString, std::shared_ptr<CachedExpression>> m_expressions;
-  QHash<QString, std::shared_ptr<CachedStatement>> m_statements;
+  CompiledCache<Program> m_expressions;
+  CompiledCache<std::vector<Assignment>> m_statements;
 };
 
 }  // namespace script

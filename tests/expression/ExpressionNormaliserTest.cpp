@@ -3,16 +3,13 @@
 #include <gtest/gtest.h>
 
 #include "QtPrinters.h"
+#include "StateSupport.h"
 
 using namespace expression;
 
 namespace {
 
-QString Normalise(const QString& text) {
-  core::SharedState state;
-  core::InitTables(state);
-  return NormaliseExpression(state.FunctionTokens, text);
-}
+QString Normalise(const QString& text) { return NormaliseExpression(FunctionTokens(), text); }
 
 struct Case {
   const char* input;

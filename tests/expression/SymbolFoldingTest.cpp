@@ -5,18 +5,9 @@
 #include <gtest/gtest.h>
 
 #include "QtPrinters.h"
+#include "StateSupport.h"
 
 using namespace expression;
-
-namespace {
-
-core::FunctionTokenTable Tokens() {
-  core::SharedState state;
-  core::InitTables(state);
-  return state.FunctionTokens;
-}
-
-}  // namespace
 
 TEST(SymbolFolding, TokenFormsCarryTheSlotWithALeadingBlank) {
   EXPECT_EQ(FrontForm(18), "*_ 18_");
@@ -26,7 +17,7 @@ TEST(SymbolFolding, TokenFormsCarryTheSlotWithALeadingBlank) {
 }
 
 TEST(SymbolFolding, EdgeCases) {
-  const auto tokens = Tokens();
+  const auto tokens = FunctionTokens();
   EXPECT_EQ(ReplaceSymbol(tokens, "y=exp(x)+x", "x", "2"), "y=exp(2)+2");
   EXPECT_EQ(ReplaceSymbol(tokens, "sqrt(s)", "s", "1"), "sqrt(1)");
   EXPECT_EQ(ReplaceSymbol(tokens, "theta*2", "theta", "1"), "theta*2");
@@ -35,7 +26,7 @@ TEST(SymbolFolding, EdgeCases) {
 }
 
 TEST(SymbolFolding, FoldingWalksTheTableInOrder) {
-  const auto tokens = Tokens();
+  const auto tokens = FunctionTokens();
   struct Case { const char* text; const char* folded; };
   const Case cases[] = {
       {"sin(x)", "*_ 18_(x)"},
@@ -52,7 +43,7 @@ TEST(SymbolFolding, FoldingWalksTheTableInOrder) {
 }
 
 TEST(SymbolFolding, UnfoldTakesBothFormsBack) {
-  const auto tokens = Tokens();
+  const auto tokens = FunctionTokens();
   EXPECT_EQ(UnfoldTokens(tokens, "*_ 18_(x)", false), "sin(x)");
   EXPECT_EQ(UnfoldTokens(tokens, "_ 18_*(x)", false), "sin(x)");
   EXPECT_EQ(UnfoldTokens(tokens, "*_ 18_*(x)", false), "sin*(x)");  // the front form goes first
@@ -60,14 +51,14 @@ TEST(SymbolFolding, UnfoldTakesBothFormsBack) {
 }
 
 TEST(SymbolFolding, BackOnlyUnfoldsSlotZeroAlone) {
-  const auto tokens = Tokens();
+  const auto tokens = FunctionTokens();
   EXPECT_EQ(UnfoldTokens(tokens, "_ 0_*(x)", true), "asinh(x)");
   EXPECT_EQ(UnfoldTokens(tokens, "_ 18_*(x)", true), "_ 18_*(x)");
   EXPECT_EQ(UnfoldTokens(tokens, "*_ 0_(x)", true), "*_ 0_(x)");
 }
 
 TEST(SymbolFolding, FoldAndUnfoldRoundTripTheNames) {
-  const auto tokens = Tokens();
+  const auto tokens = FunctionTokens();
   for (const auto& name : tokens) {
     if (name.isEmpty()) continue;
     const QString text = "2*" + name + "(x)+1";
@@ -76,7 +67,7 @@ TEST(SymbolFolding, FoldAndUnfoldRoundTripTheNames) {
 }
 
 TEST(SymbolFolding, ReplaceSymbolLeavesFunctionLettersAlone) {
-  const auto tokens = Tokens();
+  const auto tokens = FunctionTokens();
   EXPECT_EQ(ReplaceSymbol(tokens, "a*sin(a)", "a", "2"), "2*sin(2)");
   EXPECT_EQ(ReplaceSymbol(tokens, "c*cos(c)+acosh(c)", "c", "3"), "3*cos(3)+acosh(3)");
   EXPECT_EQ(ReplaceSymbol(tokens, "rho*r", "rho", "1"), "rho*r");
@@ -101,7 +92,7 @@ TEST(SymbolFolding, CountOfCountsWholeOccurrences) {
 // The shortcut of ReplaceSymbol for texts without "_" and without the name must give what the
 // full fold, replace and unfold gives.
 TEST(SymbolFolding, TheShortcutAgreesWithTheFullRoundTrip) {
-  const auto tokens = Tokens();
+  const auto tokens = FunctionTokens();
   const QStringList pieces = {"sin", "h", "a", "cos", "x", "(", ")", "*", "q", "sqr", "t", "log", "10",
                               "theta", "rho", "as", "in", "e", "xp", "c", "o", "n", "st", "+", "2", "^"};
   std::uint32_t seed = 12345;

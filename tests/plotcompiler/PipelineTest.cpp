@@ -8,18 +8,13 @@
 #include <gtest/gtest.h>
 
 #include "QtPrinters.h"
+#include "StateSupport.h"
 
 #include <QStringList>
 
 using namespace plotcompiler;
 
 namespace {
-
-core::FunctionTokenTable Tokens() {
-  core::SharedState state;
-  core::InitTables(state);
-  return state.FunctionTokens;
-}
 
 struct RoundTrip {
   const char* typed;
@@ -30,7 +25,7 @@ struct RoundTrip {
 }  // namespace
 
 TEST(Pipeline, TypedRestrictionsReachThePlotLine) {
-  const auto tokens = Tokens();
+  const auto tokens = FunctionTokens();
   const RoundTrip cases[] = {
       {"y=2x;0<x<3", "declare(y=2*x,domain(x,0,3,0))", "y=2*x;0<x<3"},
       {"y=x2;x>0", "declare(y=x^2,x>0)", "y=x^2;x>0"},
@@ -50,7 +45,7 @@ TEST(Pipeline, TypedRestrictionsReachThePlotLine) {
 }
 
 TEST(Pipeline, PointListsAndCommandsPassUntouched) {
-  const auto tokens = Tokens();
+  const auto tokens = FunctionTokens();
   EXPECT_EQ(CompileInequalityRow(expression::NormaliseExpression(tokens, "[x,y;1,2;3,4]")), "[x,y;1,2;3,4]");
   EXPECT_EQ(CompileEquation("[x,y;1,2;3,4]", false), "[x,y;1,2;3,4]");
   EXPECT_EQ(CompileEquation("[r,q..symb;1,pi]", false), "[r,theta;1,pi]");
@@ -60,7 +55,7 @@ TEST(Pipeline, PointListsAndCommandsPassUntouched) {
 }
 
 TEST(Pipeline, BadInputComesBackFromEveryFunction) {
-  const auto tokens = Tokens();
+  const auto tokens = FunctionTokens();
   QStringList texts = {"", "(", ")", "((((", "))))", "[[", "]]", "<~>", "@~@", "##", "```", "&&", "###",
                        "<!?>", "&&&", ";;;", ",,,", "===", "<<<", ">>>", "declare(", "declare)",
                        "domain(", "declare(domain(", "declare(,domain(,,,)and)", "y=declare(,(domain",
