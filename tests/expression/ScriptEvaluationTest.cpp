@@ -46,6 +46,9 @@ TEST_F(Evaluation, EdgeCases) {
 
   EXPECT_EQ(SubstituteConstants(state, "pi*a"), "pi*");
   EXPECT_EQ(SubstituteConstants(state, "alpha"), "");
+  Define(0, "9");  // a: alpha still goes as a whole, before its letters
+  EXPECT_EQ(SubstituteConstants(state, "alpha"), "");
+  EXPECT_EQ(SubstituteConstants(state, "alpha+a"), "+9");
   Define(20, "0.5");
   EXPECT_EQ(SubstituteConstants(state, "alpha"), "0.5");
 }
