@@ -49,12 +49,12 @@ Value Add(const Value& a, const Value& b) {
   return Arithmetic(BinaryOperator::Add, a, b);
 }
 
-Value Divide(const Value& a, const Value& b) {
-  const double x = a.ToDouble();
-  const double y = b.ToDouble();
+double RealDivide(double x, double y) {
   if (y == 0) Raise(x == 0 ? RuntimeError::Overflow : RuntimeError::DivisionByZero);
-  return Value::Double(CheckedDouble(x / y));
+  return CheckedDouble(x / y);
 }
+
+Value Divide(const Value& a, const Value& b) { return Value::Double(RealDivide(a.ToDouble(), b.ToDouble())); }
 
 bool BothIntegerRank(const Value& a, const Value& b) {
   return a.IsIntegral() && b.IsIntegral() && !IsLongRank(a, b);
@@ -68,13 +68,13 @@ Value IntegerDivide(const Value& a, const Value& b, bool modulo) {
   return IntegralResult(r, !BothIntegerRank(a, b));
 }
 
-Value Power(const Value& a, const Value& b) {
-  const double x = a.ToDouble();
-  const double y = b.ToDouble();
+double RealPower(double x, double y) {
   if (x < 0 && y != std::trunc(y)) Raise(RuntimeError::InvalidProcedureCall);
   if (x == 0 && y < 0) Raise(RuntimeError::DivisionByZero);
-  return Value::Double(CheckedDouble(std::pow(x, y)));
+  return CheckedDouble(std::pow(x, y));
 }
+
+Value Power(const Value& a, const Value& b) { return Value::Double(RealPower(a.ToDouble(), b.ToDouble())); }
 
 // -1, 0 or 1. Strings compare with strings (Empty counts as ""); a number is below any string.
 int Compare(const Value& a, const Value& b) {
@@ -121,6 +121,21 @@ Value Logical(BinaryOperator op, const Value& a, const Value& b) {
 }
 
 }  // namespace
+
+bool TryRealArithmetic(BinaryOperator op, const Value& a, const Value& b, double& result) {
+  if (a.IsString() || b.IsString()) return false;
+  if (a.Type() != ValueType::Double && b.Type() != ValueType::Double) return false;
+  const double x = a.NumberValue();
+  const double y = b.NumberValue();
+  switch (op) {
+    case BinaryOperator::Add: result = CheckedDouble(x + y); return true;
+    case BinaryOperator::Subtract: result = CheckedDouble(x - y); return true;
+    case BinaryOperator::Multiply: result = CheckedDouble(x * y); return true;
+    case BinaryOperator::Divide: result = RealDivide(x, y); return true;
+    case BinaryOperator::Power: result = RealPower(x, y); return true;
+    default: return false;
+  }
+}
 
 std::int32_t ToLong(const Value& value) {
   if (value.IsIntegral()) return static_cast<std::int32_t>(value.IntegralValue());

@@ -18,6 +18,12 @@ enum class BinaryOperator : std::uint8_t {
 enum class UnaryOperator : std::uint8_t { Negate, Plus, Not };
 
 Value Apply(BinaryOperator op, const Value& a, const Value& b);
+
+// The common case of evaluated texts, without building values: "+", "-", "*", "/" or "^" on two
+// numbers of which at least one is a Double (so the result is a Double by the general rules too).
+// Returns false, leaving result alone, when the operator or the operands need the general rules.
+// Raises the same errors as Apply.
+bool TryRealArithmetic(BinaryOperator op, const Value& a, const Value& b, double& result);
 Value Apply(UnaryOperator op, const Value& a);
 
 // A number rounded halves to even into a Long, as "\", Mod and the logical operators take it.

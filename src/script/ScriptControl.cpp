@@ -96,10 +96,17 @@ Value ScriptControl::Run(const Program& program) {
       case OpCode::Push: *top++ = program.Constants[static_cast<size_t>(instruction.Index)]; break;
       case OpCode::Load: *top++ = m_variables[static_cast<size_t>(instruction.Index)]; break;
       case OpCode::Unary: top[-1] = Apply(static_cast<UnaryOperator>(instruction.Operator), top[-1]); break;
-      case OpCode::Binary:
-        top[-2] = Apply(static_cast<BinaryOperator>(instruction.Operator), top[-2], top[-1]);
+      case OpCode::Binary: {
+        const auto op = static_cast<BinaryOperator>(instruction.Operator);
+        double real = 0;
+        if (TryRealArithmetic(op, top[-2], top[-1], real)) {
+          top[-2].AssignDouble(real);
+        } else {
+          top[-2] = Apply(op, top[-2], top[-1]);
+        }
         --top;
         break;
+      }
       default: {
         Value* first = top - instruction.ArgumentCount;
         const Value result = Invoke(instruction, std::span<const Value>(first, instruction.ArgumentCount));

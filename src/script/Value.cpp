@@ -52,6 +52,23 @@ Value Value::Integral(std::int64_t value) {
   return Double(static_cast<double>(value));
 }
 
+Value& Value::operator=(const Value& other) {
+  m_type = other.m_type;
+  m_number = other.m_number;
+  if (other.m_type == ValueType::String || !m_string.isNull()) m_string = other.m_string;
+  return *this;
+}
+
+double Value::NumberValue() const {
+  return m_type == ValueType::Double ? m_number.real : static_cast<double>(IntegralValue());
+}
+
+void Value::AssignDouble(double value) {
+  if (m_type == ValueType::String) m_string = QString();
+  m_type = ValueType::Double;
+  m_number.real = value;
+}
+
 bool Value::IsIntegral() const {
   return m_type == ValueType::Empty || m_type == ValueType::Boolean || m_type == ValueType::Integer ||
          m_type == ValueType::Long;

@@ -21,6 +21,13 @@ public:
   // The narrowest of Integer, Long and Double that holds an integral value exactly.
   static Value Integral(std::int64_t value);
 
+  Value(const Value&) = default;
+  Value(Value&&) noexcept = default;
+  Value& operator=(Value&&) noexcept = default;
+  // Numbers are copied without touching the string: the evaluation stack copies values all the
+  // time, and almost none of them are strings.
+  Value& operator=(const Value& other);
+
   ValueType Type() const { return m_type; }
   bool IsEmpty() const { return m_type == ValueType::Empty; }
   bool IsString() const { return m_type == ValueType::String; }
@@ -32,6 +39,10 @@ public:
   // Only for IsIntegral values.
   std::int64_t IntegralValue() const;
   bool BooleanValue() const { return m_number.boolean; }
+  // The number of a value that is no String, as a double (no conversion can fail).
+  double NumberValue() const;
+  // Makes this value the Double value.
+  void AssignDouble(double value);
   // The value as text: numbers as "%.15G", "True"/"False", Empty as "".
   QString ToText() const;
   const QString& StringValue() const { return m_string; }

@@ -120,3 +120,28 @@ TEST(Operators, SyntaxErrors) {
 TEST(Operators, UnknownFunctionsAreTypeMismatches) {
   ExpectErrors({{"log10(100)", 13}, {"foo(1)", 13}, {"asin(1)", 13}, {"undefinedvar(1)", 13}});
 }
+
+TEST(Operators, RealArithmeticKeepsTheGeneralRules) {
+  auto engine = ReadyEngine();
+  EXPECT_EQ(engine.Eval("1.5+1"), Value::Double(2.5));
+  EXPECT_EQ(engine.Eval("True+1.5"), Value::Double(0.5));
+  EXPECT_EQ(engine.Eval("undefinedvar*2.5"), Value::Double(0));
+  EXPECT_EQ(engine.Eval("2.5-0.5"), Value::Double(2));
+  EXPECT_EQ(engine.Eval("\"1\"+1.5"), Value::Double(2.5));
+  EXPECT_EQ(engine.Eval("1.5 & 1"), Value::String("1.51"));
+  EXPECT_EQ(ErrorOf(engine, "1.5/0"), 11);
+  EXPECT_EQ(ErrorOf(engine, "0.0/0"), 6);
+  EXPECT_EQ(ErrorOf(engine, "(-8.0)^(1/3)"), 5);
+  EXPECT_EQ(ErrorOf(engine, "0.0^-1.5"), 11);
+  EXPECT_EQ(ErrorOf(engine, "1e308+1e308"), 6);
+  EXPECT_EQ(ErrorOf(engine, "-1e308-1e308"), 6);
+}
+
+TEST(Operators, AVariableCanGoFromTextToNumber) {
+  auto engine = ReadyEngine();
+  engine.ExecuteStatement("x=\"abc\"");
+  EXPECT_EQ(engine.Eval("x & 1"), Value::String("abc1"));
+  engine.ExecuteStatement("x=2.5");
+  EXPECT_EQ(engine.Eval("x*2"), Value::Double(5));
+  EXPECT_EQ(engine.Eval("x & \"\""), Value::String("2.5"));
+}
