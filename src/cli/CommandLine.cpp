@@ -2,11 +2,12 @@
 
 #include "EvalCommand.h"
 #include "ExplainCommand.h"
+#include "PlotCommand.h"
 
 namespace cli {
 
 QString HelpText() {
-  return QStringLiteral(
+  return QString(
       "Usage: quillograph-cli COMMAND [ARGUMENTS]\n"
       "\n"
       "Quillograph's engines from the shell.\n"
@@ -30,10 +31,15 @@ QString HelpText() {
       "                        Error <number>: <description>.\n"
       "                      --exec runs an assignment such as x=2 first; --const gives a\n"
       "                      constant a value as a constant row does (a=2.5).\n"
+      "\n") +
+      PlotHelp() +
+      QString(
       "\n"
       "Options:\n"
       "  -h, --help          Show this help. COMMAND --help shows the same.\n");
 }
+
+bool NeedsGui(const QStringList& arguments) { return !arguments.isEmpty() && arguments.first() == u"plot"; }
 
 int Run(const QStringList& arguments, Streams streams) {
   if (arguments.isEmpty()) {
@@ -55,6 +61,7 @@ int Run(const QStringList& arguments, Streams streams) {
   }
   if (command == u"explain") return RunExplain(rest, streams);
   if (command == u"eval") return RunEval(rest, streams);
+  if (command == u"plot") return RunPlot(rest, streams);
   streams.Err << "quillograph-cli: unknown command \"" << command << "\"\n\n" << HelpText();
   streams.Err.flush();
   return 2;

@@ -19,4 +19,7 @@ int Run(const QStringList& arguments, Streams streams);
 // The text of --help: every subcommand with its arguments.
 QString HelpText();
 
+// Whether a command draws, and so needs a QGuiApplication (fonts) before it runs.
+bool NeedsGui(const QStringList& arguments);
+
 }  // namespace cli

@@ -420,6 +420,18 @@ private:
   int m_depth = 0;
 
 public:
+  // A whole text that is one condition; returns its root.
+  static int ParseCondition(std::vector<Token> tokens, ParsedLine& line) {
+    Parser parser(std::move(tokens), line);
+    try {
+      const int root = parser.Or();
+      if (parser.Peek().Kind != TokenKind::End) parser.Fail(QStringLiteral("unexpected \"%1\"").arg(Describe(parser.Peek())));
+      return root;
+    } catch (const Failure&) {
+      return -1;
+    }
+  }
+
   static bool Parse(std::vector<Token> tokens, ParsedLine& line, bool equation) {
     Parser parser(std::move(tokens), line);
     try {
@@ -448,6 +460,43 @@ ParsedLine Parse(const QString& text, bool equation) {
 }  // namespace
 
 ParsedLine ParseLine(const QString& text) { return Parse(text, true); }
+
+ParsedInequality ParseInequality(const QString& text) {
+  ParsedLine line;
+  ParsedInequality result;
+  auto tokens = Lexer(text).Run(line.Error);
+  const int root = tokens ? Parser::ParseCondition(std::move(*tokens), line) : -1;
+  if (root < 0) {
+    result.Error = line.Error.isEmpty() ? QStringLiteral("the line is empty") : line.Error;
+    return result;
+  }
+  line.Tree.FoldConstants();
+  const Node& n = line.Tree.At(root);
+  const bool comparison = n.Kind == NodeKind::Less || n.Kind == NodeKind::LessEqual ||
+                          n.Kind == NodeKind::Greater || n.Kind == NodeKind::GreaterEqual;
+  const auto isY = [&](int index) {
+    const Node& side = line.Tree.At(index);
+    return side.Kind == NodeKind::Load && side.Var == Variable::Y;
+  };
+  if (!comparison || line.Comparisons.size() != 1) {
+    result.Error = QStringLiteral("not a single inequality");
+    return result;
+  }
+  const bool greater = n.Kind == NodeKind::Greater || n.Kind == NodeKind::GreaterEqual;
+  if (isY(n.A) && !line.Tree.Uses(n.B, Variable::Y)) {
+    result.Boundary = n.B;
+    result.Above = greater;
+  } else if (isY(n.B) && !line.Tree.Uses(n.A, Variable::Y)) {
+    result.Boundary = n.A;
+    result.Above = !greater;
+  } else {
+    result.Error = QStringLiteral("the inequality needs y alone on one side");
+    return result;
+  }
+  result.Inclusive = n.Kind == NodeKind::LessEqual || n.Kind == NodeKind::GreaterEqual;
+  result.Tree = std::move(line.Tree);
+  return result;
+}
 
 ParsedLine ParseExpression(const QString& text) { return Parse(text, false); }
 

@@ -43,4 +43,18 @@ ParsedLine ParseLine(const QString& text);
 // conditions.
 ParsedLine ParseExpression(const QString& text);
 
+// An inequality "y<f(x)", "y>=f(x)" (or with the sides swapped): the region above or below the
+// boundary y = f(x).
+struct ParsedInequality {
+  ExpressionTree Tree;
+  int Boundary = -1;     // f
+  bool Above = false;    // the region lies above the boundary
+  bool Inclusive = false;  // "<=" or ">=": the boundary belongs to it
+  QString Error;
+
+  bool Ok() const { return Error.isEmpty(); }
+};
+
+ParsedInequality ParseInequality(const QString& text);
+
 }  // namespace plot2d

@@ -1,0 +1,213 @@
+#include "CurveSampler.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace plot2d {
+
+namespace {
+
+enum GapState : std::uint8_t { kOpen, kDone, kBroken };
+
+constexpr int kMaxRounds = 64;
+// A gap whose parameter interval is this many halvings below the first spacing is not split
+// further; if the curve still jumps across it, that is a jump, not a steep piece.
+constexpr double kFinestSplit = 1.0 / (1ull << 40);
+constexpr double kJumpPixels = 2.0;
+
+double Distance(double ax, double ay, double bx, double by) { return std::hypot(bx - ax, by - ay); }
+
+// Distance of m from the chord a-b, in pixels.
+double Deviation(double ax, double ay, double bx, double by, double mx, double my) {
+  const double dx = bx - ax;
+  const double dy = by - ay;
+  const double length = std::hypot(dx, dy);
+  if (length == 0) return Distance(ax, ay, mx, my);
+  return std::abs(dx * (my - ay) - dy * (mx - ax)) / length;
+}
+
+}  // namespace
+
+CurveSampler::CurveSampler(const CurveSource& source, const ViewTransform& view, int quality)
+    : m_source(source), m_view(view) {
+  const double coarseness = 100.0 / std::clamp(quality, 1, 100);
+  m_tolerance = 0.25 * coarseness;
+  m_shortest = 0.5 * coarseness;
+  m_longest = 8.0 * coarseness;
+}
+
+int CurveSampler::SamplesFor(double pixels, int quality) {
+  const double count = pixels * std::clamp(quality, 1, 100) / 100.0;
+  return static_cast<int>(std::clamp(count, 16.0, 20000.0));
+}
+
+void CurveSampler::Evaluate(const std::vector<double>& s, std::vector<Point>& points) const {
+  const size_t n = s.size();
+  points.assign(n, Point{});
+  std::vector<double> first(n), second(n), x(n), y(n), t(n), theta(n), r(n);
+  BlockProgram::Inputs inputs{};
+  using Mode = CurveSource::Mode;
+  switch (m_source.Kind) {
+    case Mode::YOfX:
+      inputs[0] = s.data();
+      m_source.First.Evaluate(inputs, n, first.data());
+      for (size_t i = 0; i < n; ++i) x[i] = s[i], y[i] = first[i];
+      break;
+    case Mode::XOfY:
+      inputs[1] = s.data();
+      m_source.First.Evaluate(inputs, n, first.data());
+      for (size_t i = 0; i < n; ++i) x[i] = first[i], y[i] = s[i];
+      break;
+    case Mode::Polar:
+      inputs[3] = s.data();
+      m_source.First.Evaluate(inputs, n, first.data());
+      for (size_t i = 0; i < n; ++i) {
+        theta[i] = s[i];
+        r[i] = first[i];
+        x[i] = r[i] * std::cos(s[i]);
+        y[i] = r[i] * std::sin(s[i]);
+      }
+      break;
+    case Mode::Parametric:
+    case Mode::ParametricPolar:
+      inputs[0] = inputs[2] = inputs[3] = s.data();
+      m_source.First.Evaluate(inputs, n, first.data());
+      m_source.Second.Evaluate(inputs, n, second.data());
+      for (size_t i = 0; i < n; ++i) {
+        t[i] = s[i];
+        if (m_source.Kind == Mode::Parametric) {
+          x[i] = first[i], y[i] = second[i];
+        } else {
+          x[i] = first[i] * std::cos(second[i]);
+          y[i] = first[i] * std::sin(second[i]);
+        }
+      }
+      break;
+  }
+  std::vector<double> allowed;
+  if (m_source.HasCondition) {
+    allowed.resize(n);
+    const BlockProgram::Inputs conditionInputs{x.data(), y.data(), t.data(), theta.data(), r.data()};
+    m_source.Condition.Evaluate(conditionInputs, n, allowed.data());
+  }
+  for (size_t i = 0; i < n; ++i) {
+    Point& p = points[i];
+    p.S = s[i];
+    p.X = x[i], p.Y = y[i], p.T = t[i], p.Theta = theta[i], p.R = r[i];
+    p.Defined = std::isfinite(x[i]) && std::isfinite(y[i]);
+    p.Allowed = !m_source.HasCondition || allowed[i] != 0;
+    p.Px = m_view.ToPixelX(x[i]);
+    p.Py = m_view.ToPixelY(y[i]);
+  }
+}
+
+bool CurveSampler::OffScreenTogether(const Point& a, const Point& b) const {
+  const double w = m_view.Width();
+  const double h = m_view.Height();
+  return (a.Px < 0 && b.Px < 0) || (a.Px > w && b.Px > w) || (a.Py < 0 && b.Py < 0) || (a.Py > h && b.Py > h);
+}
+
+// Which comparison ends the curve between a point inside and one outside decides the end's
+// look: a bound that belongs to the curve ("<=") is filled.
+bool CurveSampler::InclusiveBetween(const Point& inside, const Point& outside) const {
+  for (const auto& [comparison, inclusive] : m_source.Comparisons) {
+    const double in = comparison.At(inside.X, inside.Y, inside.T, inside.Theta, inside.R);
+    const double out = comparison.At(outside.X, outside.Y, outside.T, outside.Theta, outside.R);
+    if ((in != 0) != (out != 0)) return inclusive;
+  }
+  return false;
+}
+
+SampledCurve CurveSampler::Sample(double from, double to, int initialSamples) const {
+  const int count = std::max(2, initialSamples);
+  std::vector<double> parameters(static_cast<size_t>(count) + 1);
+  for (int i = 0; i <= count; ++i) parameters[static_cast<size_t>(i)] = from + (to - from) * i / count;
+  std::vector<Point> points;
+  Evaluate(parameters, points);
+  std::vector<std::uint8_t> gaps(points.size() - 1, kOpen);
+  const double finest = std::abs(to - from) / count * kFinestSplit;
+
+  std::vector<size_t> candidates;
+  std::vector<double> middles;
+  std::vector<Point> midpoints;
+  for (int round = 0; round < kMaxRounds; ++round) {
+    candidates.clear();
+    middles.clear();
+    for (size_t i = 0; i < gaps.size(); ++i) {
+      if (gaps[i] != kOpen) continue;
+      const Point& a = points[i];
+      const Point& b = points[i + 1];
+      const bool bothValid = a.Valid() && b.Valid();
+      if (std::abs(b.S - a.S) <= finest) {
+        gaps[i] = bothValid && Distance(a.Px, a.Py, b.Px, b.Py) > kJumpPixels ? kBroken : kDone;
+        continue;
+      }
+      const bool edge = a.Valid() != b.Valid();
+      const bool worth = bothValid && !OffScreenTogether(a, b) && Distance(a.Px, a.Py, b.Px, b.Py) > m_shortest;
+      if (!edge && !worth) {
+        gaps[i] = kDone;
+        continue;
+      }
+      candidates.push_back(i);
+      middles.push_back((a.S + b.S) / 2);
+    }
+    if (candidates.empty()) break;
+    Evaluate(middles, midpoints);
+
+    std::vector<Point> nextPoints;
+    std::vector<std::uint8_t> nextGaps;
+    nextPoints.reserve(points.size() + candidates.size());
+    nextGaps.reserve(gaps.size() + candidates.size());
+    size_t c = 0;
+    for (size_t i = 0; i < points.size(); ++i) {
+      nextPoints.push_back(points[i]);
+      if (i + 1 == points.size()) break;
+      if (c < candidates.size() && candidates[c] == i) {
+        const Point& a = points[i];
+        const Point& b = points[i + 1];
+        const Point& m = midpoints[c];
+        std::uint8_t state = kOpen;
+        if (a.Valid() && b.Valid() && m.Valid()) {
+          const double chord = Distance(a.Px, a.Py, b.Px, b.Py);
+          const bool straight = Deviation(a.Px, a.Py, b.Px, b.Py, m.Px, m.Py) <= m_tolerance;
+          if (straight && chord <= m_longest) state = kDone;
+        }
+        nextPoints.push_back(m);
+        nextGaps.push_back(state);
+        nextGaps.push_back(state);
+        ++c;
+      } else {
+        nextGaps.push_back(gaps[i]);
+      }
+    }
+    points.swap(nextPoints);
+    gaps.swap(nextGaps);
+  }
+  return Assemble(points, gaps);
+}
+
+SampledCurve CurveSampler::Assemble(const std::vector<Point>& points, const std::vector<std::uint8_t>& gaps) const {
+  SampledCurve curve;
+  QPolygonF piece;
+  const auto flush = [&] {
+    if (!piece.isEmpty()) curve.Pieces.push_back(piece);
+    piece.clear();
+  };
+  for (size_t i = 0; i < points.size(); ++i) {
+    const Point& p = points[i];
+    if (p.Valid()) piece.append(QPointF(p.X, p.Y));
+    if (i + 1 == points.size()) break;
+    const Point& next = points[i + 1];
+    // An end made by the condition, between two points where the curve is defined.
+    if (p.Defined && next.Defined && p.Allowed != next.Allowed) {
+      const Point& inside = p.Allowed ? p : next;
+      const Point& outside = p.Allowed ? next : p;
+      curve.Ends.push_back({QPointF(inside.X, inside.Y), InclusiveBetween(inside, outside)});
+    }
+    if (!p.Valid() || !next.Valid() || gaps[i] == kBroken) flush();
+  }
+  flush();
+  return curve;
+}
+
+}  // namespace plot2d

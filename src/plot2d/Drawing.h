@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QColor>
+#include <QImage>
+#include <QPainterPath>
+#include <QPolygonF>
+#include <QRectF>
+#include <QString>
+
+#include <vector>
+
+namespace plot2d {
+
+// What a redraw found, in plot coordinates, ready to be painted at any size.
+struct Drawing {
+  enum class Style : std::uint8_t { Solid, Dashed, Dotted };
+  struct Curve {
+    std::vector<QPolygonF> Pieces;
+    QColor Color;
+    Style Line = Style::Solid;
+  };
+  struct Fill {
+    QPainterPath Path;
+    QColor Color;
+  };
+  // A region known cell by cell (the side of an implicit curve), as an image over Area.
+  struct Mask {
+    QImage Image;
+    QRectF Area;
+  };
+  struct Dot {
+    QPointF At;
+    QColor Color;
+    bool Filled = true;
+  };
+  struct Label {
+    QPointF At;
+    QString Text;
+    QColor Color;
+  };
+
+  std::vector<Fill> Fills;
+  std::vector<Mask> Masks;
+  std::vector<Curve> Curves;
+  std::vector<Dot> Dots;
+  std::vector<Label> Labels;
+};
+
+}  // namespace plot2d

@@ -1,0 +1,86 @@
+#include "IntegralItem.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace plot2d {
+
+namespace {
+
+QString Number(double v) { return QString::number(v, 'g', 10); }
+
+}  // namespace
+
+IntegralItem::IntegralItem(const QString& first, const QString* second, double from, double to, QColor color)
+    : m_first(ParseExpression(first)), m_hasSecond(second != nullptr), m_from(from), m_to(to), m_color(color) {
+  if (m_hasSecond) m_second = ParseExpression(*second);
+  if (!m_first.Ok()) m_problem = m_first.Error;
+  else if (m_hasSecond && !m_second.Ok()) m_problem = m_second.Error;
+  if (!m_problem.isEmpty()) return;
+  m_top = BlockProgram(m_first.Tree, m_first.Right);
+  if (m_hasSecond) {
+    m_bottom = BlockProgram(m_second.Tree, m_second.Right);
+    // The difference as one expression of its own, for the quadrature.
+    ParsedLine both = ParseExpression(QStringLiteral("(") + first + QStringLiteral(")-(") + *second + u')');
+    if (both.Ok()) m_difference = BlockProgram(both.Tree, both.Right);
+  }
+  m_value = Integrate(m_hasSecond ? m_difference : m_top, m_from, m_to, 1e-11);
+}
+
+QString IntegralItem::Text() const {
+  if (!m_value.Defined) return QStringLiteral("\u222B undefined");
+  QString text = QStringLiteral("\u222B = ") + Number(m_value.Total);
+  if (m_value.Above != 0 && m_value.Below != 0) {
+    text += QStringLiteral("  (above %1, below %2)").arg(Number(m_value.Above), Number(m_value.Below));
+  }
+  return text;
+}
+
+void IntegralItem::Draw(const ViewTransform& view, int quality, Drawing& drawing) const {
+  if (!m_problem.isEmpty()) return;
+  const double low = std::min(m_from, m_to);
+  const double high = std::max(m_from, m_to);
+  // Even samples at about a pixel apart over the interval's visible part, and its ends.
+  const double from = std::max(low, view.XMin() - view.XPerPixel());
+  const double to = std::min(high, view.XMax() + view.XPerPixel());
+  if (!(from < to)) return;
+  const int count = std::clamp(static_cast<int>((to - from) / view.XPerPixel() * quality / 100.0), 8, 20000);
+  std::vector<double> xs(static_cast<size_t>(count) + 1);
+  for (int i = 0; i <= count; ++i) xs[static_cast<size_t>(i)] = from + (to - from) * i / count;
+  std::vector<double> top(xs.size()), bottom(xs.size(), 0.0);
+  BlockProgram::Inputs inputs{};
+  inputs[0] = xs.data();
+  m_top.Evaluate(inputs, xs.size(), top.data());
+  if (m_hasSecond) m_bottom.Evaluate(inputs, xs.size(), bottom.data());
+
+  QPainterPath path;
+  QPolygonF upper, lower;
+  const auto flush = [&] {
+    if (upper.size() >= 2) {
+      QPolygonF region = upper;
+      for (auto it = lower.crbegin(); it != lower.crend(); ++it) region << *it;
+      path.addPolygon(region);
+      path.closeSubpath();
+    }
+    upper.clear();
+    lower.clear();
+  };
+  for (size_t i = 0; i < xs.size(); ++i) {
+    if (std::isnan(top[i]) || std::isnan(bottom[i])) {
+      flush();
+      continue;
+    }
+    upper << QPointF(xs[i], top[i]);
+    lower << QPointF(xs[i], bottom[i]);
+  }
+  flush();
+  QColor fill = m_color;
+  fill.setAlpha(90);
+  drawing.Fills.push_back({path, fill});
+  const double middle = (low + high) / 2;
+  const double height = m_top.At(middle) - (m_hasSecond ? m_bottom.At(middle) : 0);
+  const double labelY = std::isfinite(height) ? (m_hasSecond ? m_bottom.At(middle) : 0) + height / 2 : 0;
+  drawing.Labels.push_back({QPointF(middle, labelY), Text(), m_color.darker(160)});
+}
+
+}  // namespace plot2d

@@ -1,0 +1,186 @@
+#include "Plot.h"
+
+#include "PlotPainter.h"
+
+#include "core/RuntimeError.h"
+
+#include <QFileInfo>
+#include <QImageWriter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace plot2d {
+
+namespace {
+
+Drawing::Style StyleOf(bool hasLineStyle, std::int32_t lineStyle) {
+  if (!hasLineStyle) return Drawing::Style::Solid;
+  if (lineStyle == 1) return Drawing::Style::Dashed;
+  if (lineStyle == 2) return Drawing::Style::Dotted;
+  return Drawing::Style::Solid;
+}
+
+// The image format for a picture kind, or for the name's ending when the kind is 0.
+QByteArray FormatOf(const QString& name, std::int32_t kind) {
+  if (kind == 2) return "JPEG";
+  if (kind == 3) return "BMP";
+  if (kind == 0) {
+    const QString suffix = QFileInfo(name).suffix().toLower();
+    if (suffix == u"jpg" || suffix == u"jpeg") return "JPEG";
+    if (suffix == u"bmp") return "BMP";
+  }
+  return "PNG";
+}
+
+}  // namespace
+
+Plot::Plot() = default;
+
+QColor Plot::ColorOf(double value) {
+  if (!std::isfinite(value)) return Qt::black;
+  const auto v = static_cast<std::int64_t>(value) & 0xFFFFFF;
+  return QColor(static_cast<int>(v & 0xFF), static_cast<int>((v >> 8) & 0xFF), static_cast<int>((v >> 16) & 0xFF));
+}
+
+void Plot::ClearAll(bool, bool, bool, bool, bool) {
+  m_functions.clear();
+  m_points.clear();
+  m_integrals.clear();
+  m_inequalities.clear();
+  m_parametrics.clear();
+  m_problems.clear();
+  m_drawing = Drawing{};
+}
+
+void Plot::Remember(int row, const QString& what, const QString& problem) {
+  if (!problem.isEmpty()) m_problems << QStringLiteral("%1 %2: %3").arg(what).arg(row).arg(problem);
+}
+
+void Plot::AddFunction(std::int16_t index, const QString& line, double color, bool option2, std::int32_t& kind,
+                       bool option0, bool option3, bool hasLineStyle, std::int32_t lineStyle) {
+  FunctionItem::Options options;
+  options.Color = ColorOf(color);
+  options.ShadeGreater = option0;
+  options.ShadeLess = option2;
+  options.EndDots = option3;
+  options.Line = StyleOf(hasLineStyle, lineStyle);
+  m_functions.emplace_back(index, line, options);
+  const FunctionItem& item = m_functions.back();
+  if (item.Kind() != 0) kind = item.Kind();
+  Remember(index, QStringLiteral("row"), item.Problem());
+}
+
+void Plot::AddPoint(std::int16_t, double& a, double& b, std::int32_t form, double color, bool option3) {
+  QPointF at(a, b);
+  if (form == 2) at = QPointF(a * std::cos(b), a * std::sin(b));
+  m_points.push_back({at, ColorOf(color), option3});
+}
+
+void Plot::AddIntegral(const QString& functionA, double min, double max, double color, bool& hasSecond,
+                       QString& functionB) {
+  m_integrals.emplace_back(functionA, hasSecond ? &functionB : nullptr, min, max, ColorOf(color));
+  Remember(static_cast<int>(m_integrals.size()), QStringLiteral("integral"), m_integrals.back().Problem());
+  m_integralMode = 1;
+}
+
+void Plot::AddInequality(const QString& first, double lineColor, double fillColor, bool hasSecond, const QString& second) {
+  QColor fill = ColorOf(fillColor);
+  fill.setAlpha(70);
+  m_inequalities.emplace_back(first, hasSecond ? &second : nullptr, ColorOf(lineColor), fill);
+  Remember(static_cast<int>(m_inequalities.size()), QStringLiteral("inequality"), m_inequalities.back().Problem());
+}
+
+void Plot::AddParametric(const QString& x, const QString& y, double min, double max, std::int32_t type, double color) {
+  m_parametrics.emplace_back(x, y, min, max, type, ColorOf(color));
+  Remember(static_cast<int>(m_parametrics.size()), QStringLiteral("parametric curve"), m_parametrics.back().Problem());
+}
+
+int Plot::QualityPercent() const {
+  if (!std::isfinite(m_quality)) return 100;
+  return std::clamp(static_cast<int>(std::lround(m_quality)), 1, 100);
+}
+
+ViewTransform Plot::View() const { return ViewTransform(m_xMin, m_xMax, m_yMin, m_yMax, m_size); }
+
+PlotStyle Plot::Style() const {
+  PlotStyle style = m_style;
+  style.Back = ColorOf(m_backColor);
+  style.Axis = ColorOf(m_axisColor);
+  if (!std::isfinite(style.Thickness) || style.Thickness <= 0) style.Thickness = 1;
+  style.Thickness = std::min(style.Thickness, 50.0);
+  return style;
+}
+
+void Plot::Redraw() {
+  const ViewTransform view = View();
+  const int quality = QualityPercent();
+  Drawing drawing;
+  const size_t total = m_functions.size() + m_integrals.size() + m_inequalities.size() + m_parametrics.size();
+  size_t done = 0;
+  const auto progress = [&] {
+    ++done;
+    if (OnProgress) OnProgress(static_cast<int>(done * 100 / std::max<size_t>(total, 1)));
+  };
+  if (OnProgress) OnProgress(0);
+  for (const InequalityItem& item : m_inequalities) item.Draw(view, quality, drawing), progress();
+  if (m_style.ShowIntegral) {
+    for (const IntegralItem& item : m_integrals) item.Draw(view, quality, drawing), progress();
+  }
+  for (const FunctionItem& item : m_functions) item.Draw(view, quality, drawing), progress();
+  for (const ParametricItem& item : m_parametrics) item.Draw(view, quality, drawing), progress();
+  drawing.Dots.insert(drawing.Dots.end(), m_points.begin(), m_points.end());
+  m_drawing = std::move(drawing);
+  if (OnProgress) OnProgress(100);
+  if (OnFinished) OnFinished();
+}
+
+void Plot::SetDefaultRange(double xMin, double xMax, double yMin, double yMax) {
+  m_defaultXMin = xMin;
+  m_defaultXMax = xMax;
+  m_defaultYMin = yMin;
+  m_defaultYMax = yMax;
+}
+
+void Plot::ResetRange() {
+  m_xMin = m_defaultXMin;
+  m_xMax = m_defaultXMax;
+  m_yMin = m_defaultYMin;
+  m_yMax = m_defaultYMax;
+}
+
+void Plot::ZoomIn() {
+  const double cx = (m_xMin + m_xMax) / 2, cy = (m_yMin + m_yMax) / 2;
+  const double hx = (m_xMax - m_xMin) / 4, hy = (m_yMax - m_yMin) / 4;
+  m_xMin = cx - hx, m_xMax = cx + hx, m_yMin = cy - hy, m_yMax = cy + hy;
+}
+
+void Plot::ZoomOut() {
+  const double cx = (m_xMin + m_xMax) / 2, cy = (m_yMin + m_yMax) / 2;
+  const double hx = m_xMax - m_xMin, hy = m_yMax - m_yMin;
+  m_xMin = cx - hx, m_xMax = cx + hx, m_yMin = cy - hy, m_yMax = cy + hy;
+}
+
+void Plot::Paint(QPainter& painter) const {
+  const ViewTransform view = View();
+  PlotPainter(view, Style()).Paint(painter, m_drawing);
+}
+
+QImage Plot::Picture(QImage::Format format) const {
+  QImage image(m_size.expandedTo(QSize(1, 1)), format);
+  image.fill(m_style.TransparentBackground && image.hasAlphaChannel() ? QColor(Qt::transparent) : ColorOf(m_backColor));
+  QPainter painter(&image);
+  Paint(painter);
+  return image;
+}
+
+void Plot::SavePicture(const QString& name, std::int32_t kind) {
+  const QByteArray format = FormatOf(name, kind);
+  const bool alpha = format == "PNG" && m_style.TransparentBackground;
+  const QImage image = Picture(alpha ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
+  QImageWriter writer(name, format);
+  if (format == "JPEG") writer.setQuality(95);
+  if (!writer.write(image)) throw core::RuntimeError(75, writer.errorString());
+}
+
+}  // namespace plot2d

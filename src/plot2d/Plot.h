@@ -1,0 +1,139 @@
+#pragma once
+
+#include "Drawing.h"
+#include "FunctionItem.h"
+#include "IntegralItem.h"
+#include "InequalityItem.h"
+#include "ParametricItem.h"
+#include "PlotPainter.h"
+
+#include <QImage>
+#include <QPainter>
+#include <QSize>
+#include <QString>
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+namespace plot2d {
+
+// The 2D plot as a headless scene: its range and display options, the items added since
+// ClearAll, and the drawing that Redraw samples from them for the current range and size. The
+// widget, saved pictures, the full-screen form and the export page all paint this scene.
+class Plot {
+public:
+  Plot();
+
+  // Operations.
+  void ClearAll(bool a = true, bool b = true, bool c = true, bool d = true, bool e = true);
+  void AddFunction(std::int16_t index, const QString& line, double color, bool option2, std::int32_t& kind,
+                   bool option0, bool option3, bool hasLineStyle, std::int32_t lineStyle);
+  void AddPoint(std::int16_t number, double& a, double& b, std::int32_t form, double color, bool option3);
+  void AddIntegral(const QString& functionA, double min, double max, double color, bool& hasSecond,
+                   QString& functionB);
+  void AddInequality(const QString& first, double lineColor, double fillColor, bool hasSecond, const QString& second);
+  void AddParametric(const QString& x, const QString& y, double min, double max, std::int32_t type, double color);
+  void Redraw();
+  void SetDefaultRange(double xMin, double xMax, double yMin, double yMax);
+  void ResetRange();
+  void ZoomIn();
+  void ZoomOut();
+  // Kind 1 PNG (with alpha when the background is transparent), 2 JPEG, 3 BMP, 0 by the name's
+  // ending, else PNG. Raises core::RuntimeError with the system's description on failure.
+  void SavePicture(const QString& name, std::int32_t kind);
+
+  // Painting.
+  QSize Size() const { return m_size; }
+  void SetSize(QSize size) { m_size = size; }
+  void Paint(QPainter& painter) const;
+  QImage Picture(QImage::Format format = QImage::Format_ARGB32_Premultiplied) const;
+
+  // What could not be drawn since ClearAll, one line each: "row 2: unknown name \"z\"".
+  QStringList Problems() const { return m_problems; }
+  const Drawing& LastDrawing() const { return m_drawing; }
+
+  // Called during Redraw with 0 to 100, and when it has finished.
+  std::function<void(int)> OnProgress;
+  std::function<void()> OnFinished;
+
+  // Properties.
+  bool ShowIntegral() const { return m_style.ShowIntegral; }
+  void SetShowIntegral(bool v) { m_style.ShowIntegral = v; }
+  std::int32_t IntegralMode() const { return m_integralMode; }
+  void SetIntegralMode(std::int32_t v) { m_integralMode = v; }
+  bool ShowAxis() const { return m_style.ShowAxis; }
+  void SetShowAxis(bool v) { m_style.ShowAxis = v; }
+  bool ShowGrid() const { return m_style.ShowGrid; }
+  void SetShowGrid(bool v) { m_style.ShowGrid = v; }
+  bool ShowNumbers() const { return m_style.ShowNumbers; }
+  void SetShowNumbers(bool v) { m_style.ShowNumbers = v; }
+  bool ShowOuterFrame() const { return m_style.ShowOuterFrame; }
+  void SetShowOuterFrame(bool v) { m_style.ShowOuterFrame = v; }
+  bool ShowTips() const { return m_showTips; }
+  void SetShowTips(bool v) { m_showTips = v; }
+  bool TransparentBackground() const { return m_style.TransparentBackground; }
+  void SetTransparentBackground(bool v) { m_style.TransparentBackground = v; }
+  bool ShowMouseCoordinate() const { return m_showMouseCoordinate; }
+  void SetShowMouseCoordinate(bool v) { m_showMouseCoordinate = v; }
+  double Quality() const { return m_quality; }
+  void SetQuality(double v) { m_quality = v; }
+  double Thickness() const { return m_style.Thickness; }
+  void SetThickness(double v) { m_style.Thickness = v; }
+  double XMin() const { return m_xMin; }
+  void SetXMin(double v) { m_xMin = v; }
+  double XMax() const { return m_xMax; }
+  void SetXMax(double v) { m_xMax = v; }
+  double YMin() const { return m_yMin; }
+  void SetYMin(double v) { m_yMin = v; }
+  double YMax() const { return m_yMax; }
+  void SetYMax(double v) { m_yMax = v; }
+  double DefaultXMin() const { return m_defaultXMin; }
+  void SetDefaultXMin(double v) { m_defaultXMin = v; }
+  double DefaultXMax() const { return m_defaultXMax; }
+  void SetDefaultXMax(double v) { m_defaultXMax = v; }
+  double DefaultYMin() const { return m_defaultYMin; }
+  void SetDefaultYMin(double v) { m_defaultYMin = v; }
+  double DefaultYMax() const { return m_defaultYMax; }
+  void SetDefaultYMax(double v) { m_defaultYMax = v; }
+  double AxisColor() const { return m_axisColor; }
+  void SetAxisColor(double v) { m_axisColor = v; }
+  double BackColor() const { return m_backColor; }
+  void SetBackColor(double v) { m_backColor = v; }
+  bool Interactive() const { return m_interactive; }
+  void SetInteractive(bool v) { m_interactive = v; }
+  std::int32_t ZoomType() const { return m_zoomType; }
+  void SetZoomType(std::int32_t v) { m_zoomType = v; }
+
+  // A colour value (red in the low byte) as a colour.
+  static QColor ColorOf(double value);
+
+private:
+  PlotStyle Style() const;
+  ViewTransform View() const;
+  int QualityPercent() const;
+  void Remember(int row, const QString& what, const QString& problem);
+
+  std::vector<FunctionItem> m_functions;
+  std::vector<Drawing::Dot> m_points;
+  std::vector<IntegralItem> m_integrals;
+  std::vector<InequalityItem> m_inequalities;
+  std::vector<ParametricItem> m_parametrics;
+  QStringList m_problems;
+  Drawing m_drawing;
+
+  QSize m_size{800, 600};
+  PlotStyle m_style;
+  std::int32_t m_integralMode = 0;
+  bool m_showTips = true;
+  bool m_showMouseCoordinate = false;
+  double m_quality = 100;
+  double m_xMin = -10, m_xMax = 10, m_yMin = -10, m_yMax = 10;
+  double m_defaultXMin = -10, m_defaultXMax = 10, m_defaultYMin = -10, m_defaultYMax = 10;
+  double m_axisColor = 0;
+  double m_backColor = 16777215;
+  bool m_interactive = true;
+  std::int32_t m_zoomType = 3;
+};
+
+}  // namespace plot2d

@@ -1,0 +1,267 @@
+#include "PlotPainter.h"
+
+#include "AxisTicks.h"
+
+#include <QFont>
+#include <QFontMetricsF>
+#include <QPainterPath>
+
+#include <algorithm>
+#include <cmath>
+
+namespace plot2d {
+
+namespace {
+
+constexpr double kTick = 4;
+constexpr double kLabelGap = 4;
+// Long antialiased thick polylines are slow to stroke in one piece; short ones are not.
+constexpr int kChunk = 48;
+
+QFont NumberFont() {
+  QFont font;
+  font.setPixelSize(12);
+  return font;
+}
+
+QColor WithAlpha(QColor color, int alpha) {
+  color.setAlpha(alpha);
+  return color;
+}
+
+// The part of segment a-b inside rect, or false when there is none (Liang-Barsky).
+bool Clip(QPointF& a, QPointF& b, const QRectF& rect) {
+  double t0 = 0, t1 = 1;
+  const double dx = b.x() - a.x();
+  const double dy = b.y() - a.y();
+  const double p[4] = {-dx, dx, -dy, dy};
+  const double q[4] = {a.x() - rect.left(), rect.right() - a.x(), a.y() - rect.top(), rect.bottom() - a.y()};
+  for (int i = 0; i < 4; ++i) {
+    if (p[i] == 0) {
+      if (q[i] < 0) return false;
+      continue;
+    }
+    const double t = q[i] / p[i];
+    if (p[i] < 0) t0 = std::max(t0, t);
+    else t1 = std::min(t1, t);
+    if (t0 > t1) return false;
+  }
+  const QPointF start = a;
+  a = start + t0 * QPointF(dx, dy);
+  b = start + t1 * QPointF(dx, dy);
+  return true;
+}
+
+}  // namespace
+
+PlotPainter::PlotPainter(const ViewTransform& view, const PlotStyle& style) : m_view(view), m_style(style) {}
+
+QTransform PlotPainter::ToPixels() const {
+  const double sx = 1 / m_view.XPerPixel();
+  const double sy = 1 / m_view.YPerPixel();
+  return QTransform(sx, 0, 0, -sy, -m_view.XMin() * sx, m_view.YMax() * sy);
+}
+
+double PlotPainter::XAxisPixel() const {
+  if (m_view.YMin() > 0) return m_view.Height() - 0.5;
+  if (m_view.YMax() < 0) return 0.5;
+  return m_view.ToPixelY(0);
+}
+
+double PlotPainter::YAxisPixel() const {
+  if (m_view.XMin() > 0) return 0.5;
+  if (m_view.XMax() < 0) return m_view.Width() - 0.5;
+  return m_view.ToPixelX(0);
+}
+
+double PlotPainter::XStep(const QFontMetricsF& metrics) const {
+  // The step depends on how wide the labels are, and the labels on the step: settle it twice.
+  double step = AxisTicks::StepFor(m_view.XMax() - m_view.XMin(), m_view.Width(), 80);
+  for (int round = 0; round < 3; ++round) {
+    double widest = 0;
+    for (const double v : {m_view.XMin(), m_view.XMax(), -step, step}) {
+      widest = std::max(widest, metrics.horizontalAdvance(AxisTicks::Label(std::round(v / step) * step, step)));
+    }
+    step = AxisTicks::StepFor(m_view.XMax() - m_view.XMin(), m_view.Width(), std::max(48.0, widest + 18));
+  }
+  return step;
+}
+
+double PlotPainter::YStep(const QFontMetricsF& metrics) const {
+  return AxisTicks::StepFor(m_view.YMax() - m_view.YMin(), m_view.Height(), std::max(36.0, metrics.height() * 2.4));
+}
+
+void PlotPainter::Paint(QPainter& painter, const Drawing& drawing) const {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing, true);
+  painter.setRenderHint(QPainter::TextAntialiasing, true);
+  painter.setClipRect(QRectF(0, 0, m_view.Width(), m_view.Height()));
+  if (!m_style.TransparentBackground) painter.fillRect(QRectF(0, 0, m_view.Width(), m_view.Height()), m_style.Back);
+  painter.setFont(NumberFont());
+  const QFontMetricsF metrics(painter.font());
+  const double xStep = XStep(metrics);
+  const double yStep = YStep(metrics);
+  if (m_style.ShowGrid) Grid(painter, xStep, yStep);
+
+  for (const Drawing::Mask& mask : drawing.Masks) {
+    const QRectF target(m_view.ToPixel(mask.Area.left(), mask.Area.top()), m_view.ToPixel(mask.Area.right(), mask.Area.bottom()));
+    painter.drawImage(target.normalized(), mask.Image);
+  }
+  painter.setPen(Qt::NoPen);
+  for (const Drawing::Fill& fill : drawing.Fills) {
+    painter.setBrush(fill.Color);
+    painter.drawPath(ToPixels().map(fill.Path));
+  }
+  if (m_style.ShowAxis) Axes(painter, xStep, yStep);
+  if (m_style.ShowNumbers) Numbers(painter, xStep, yStep);
+  Curves(painter, drawing);
+  Dots(painter, drawing);
+  if (m_style.ShowIntegral) Labels(painter, drawing);
+  if (m_style.ShowOuterFrame) {
+    painter.setPen(QPen(m_style.Axis, 1));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(QRectF(0.5, 0.5, m_view.Width() - 1, m_view.Height() - 1));
+  }
+  painter.restore();
+}
+
+void PlotPainter::Grid(QPainter& painter, double xStep, double yStep) const {
+  // divisor 5 gives the minor grid between the major lines.
+  const auto lines = [&](int divisor, int alpha) {
+    painter.setPen(QPen(WithAlpha(m_style.Axis, alpha), 1));
+    for (const double x : AxisTicks::Values(m_view.XMin(), m_view.XMax(), xStep / divisor)) {
+      const double px = std::round(m_view.ToPixelX(x)) + 0.5;
+      painter.drawLine(QPointF(px, 0), QPointF(px, m_view.Height()));
+    }
+    for (const double y : AxisTicks::Values(m_view.YMin(), m_view.YMax(), yStep / divisor)) {
+      const double py = std::round(m_view.ToPixelY(y)) + 0.5;
+      painter.drawLine(QPointF(0, py), QPointF(m_view.Width(), py));
+    }
+  };
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  lines(5, 18);
+  lines(1, 48);
+  painter.setRenderHint(QPainter::Antialiasing, true);
+}
+
+void PlotPainter::Axes(QPainter& painter, double xStep, double yStep) const {
+  const double ax = XAxisPixel();
+  const double ay = YAxisPixel();
+  painter.setPen(QPen(m_style.Axis, 1.2));
+  painter.drawLine(QPointF(0, ax), QPointF(m_view.Width(), ax));
+  painter.drawLine(QPointF(ay, 0), QPointF(ay, m_view.Height()));
+  for (const double x : AxisTicks::Values(m_view.XMin(), m_view.XMax(), xStep)) {
+    const double px = m_view.ToPixelX(x);
+    painter.drawLine(QPointF(px, ax - kTick), QPointF(px, ax + kTick));
+  }
+  for (const double y : AxisTicks::Values(m_view.YMin(), m_view.YMax(), yStep)) {
+    const double py = m_view.ToPixelY(y);
+    painter.drawLine(QPointF(ay - kTick, py), QPointF(ay + kTick, py));
+  }
+}
+
+void PlotPainter::Numbers(QPainter& painter, double xStep, double yStep) const {
+  const QFontMetricsF metrics(painter.font());
+  const double ax = XAxisPixel();
+  const double ay = YAxisPixel();
+  painter.setPen(m_style.Axis);
+  // Below the x axis unless it runs along the bottom edge; left of the y axis unless it runs
+  // along the left edge.
+  const bool below = ax + kLabelGap + metrics.height() < m_view.Height();
+  const double labelTop = below ? ax + kLabelGap : ax - kLabelGap - metrics.height();
+  for (const double x : AxisTicks::Values(m_view.XMin(), m_view.XMax(), xStep)) {
+    if (x == 0 && m_view.XMin() < 0 && m_view.XMax() > 0) continue;
+    const QString text = AxisTicks::Label(x, xStep);
+    const double width = metrics.horizontalAdvance(text);
+    const double left = std::clamp(m_view.ToPixelX(x) - width / 2, 2.0, m_view.Width() - width - 2);
+    painter.drawText(QPointF(left, labelTop + metrics.ascent()), text);
+  }
+  const bool leftOfAxis = ay - kLabelGap - metrics.horizontalAdvance(QStringLiteral("-00.0")) > 0;
+  for (const double y : AxisTicks::Values(m_view.YMin(), m_view.YMax(), yStep)) {
+    if (y == 0 && m_view.YMin() < 0 && m_view.YMax() > 0) continue;
+    const QString text = AxisTicks::Label(y, yStep);
+    const double width = metrics.horizontalAdvance(text);
+    const double left = leftOfAxis ? ay - kLabelGap - width : ay + kLabelGap + 2;
+    const double baseline = std::clamp(m_view.ToPixelY(y) + metrics.ascent() / 2 - 1, metrics.ascent(), m_view.Height() - 2.0);
+    painter.drawText(QPointF(left, baseline), text);
+  }
+  if (m_view.XMin() < 0 && m_view.XMax() > 0 && m_view.YMin() < 0 && m_view.YMax() > 0) {
+    painter.drawText(QPointF(ay - kLabelGap - metrics.horizontalAdvance(QStringLiteral("0")), labelTop + metrics.ascent()),
+                     QStringLiteral("0"));
+  }
+}
+
+void PlotPainter::Curves(QPainter& painter, const Drawing& drawing) const {
+  for (const Drawing::Curve& curve : drawing.Curves) {
+    QPen pen(curve.Color, m_style.Thickness);
+    pen.setCapStyle(Qt::RoundCap);
+    pen.setJoinStyle(Qt::RoundJoin);
+    if (curve.Line == Drawing::Style::Dashed) pen.setStyle(Qt::DashLine);
+    if (curve.Line == Drawing::Style::Dotted) pen.setStyle(Qt::DotLine), pen.setCapStyle(Qt::FlatCap);
+    painter.setPen(pen);
+    painter.setBrush(Qt::NoBrush);
+    for (const QPolygonF& piece : curve.Pieces) Polyline(painter, piece);
+  }
+}
+
+// Maps a piece to pixels, keeps what lies within the view (with a margin for the pen) and strokes
+// it in short overlapping chunks.
+void PlotPainter::Polyline(QPainter& painter, const QPolygonF& piece) const {
+  if (piece.size() < 2) return;
+  const double margin = m_style.Thickness + 2;
+  const QRectF bounds(-margin, -margin, m_view.Width() + 2 * margin, m_view.Height() + 2 * margin);
+  QPolygonF run;
+  const auto flush = [&] {
+    for (qsizetype start = 0; start + 1 < run.size(); start += kChunk) {
+      const qsizetype count = std::min<qsizetype>(kChunk + 1, run.size() - start);
+      painter.drawPolyline(run.constData() + start, static_cast<int>(count));
+    }
+    run.clear();
+  };
+  QPointF previous = m_view.ToPixel(piece[0].x(), piece[0].y());
+  for (qsizetype i = 1; i < piece.size(); ++i) {
+    const QPointF current = m_view.ToPixel(piece[i].x(), piece[i].y());
+    QPointF a = previous, b = current;
+    if (Clip(a, b, bounds)) {
+      if (run.isEmpty() || run.last() != a) {
+        flush();
+        run << a;
+      }
+      run << b;
+    } else {
+      flush();
+    }
+    previous = current;
+  }
+  flush();
+}
+
+void PlotPainter::Dots(QPainter& painter, const Drawing& drawing) const {
+  const double radius = 2.5 + m_style.Thickness;
+  for (const Drawing::Dot& dot : drawing.Dots) {
+    const QPointF at = m_view.ToPixel(dot.At.x(), dot.At.y());
+    if (!std::isfinite(at.x()) || !std::isfinite(at.y())) continue;
+    painter.setPen(QPen(dot.Color, 1.6));
+    painter.setBrush(dot.Filled ? QBrush(dot.Color) : QBrush(m_style.TransparentBackground ? Qt::white : m_style.Back));
+    painter.drawEllipse(at, radius, radius);
+  }
+}
+
+void PlotPainter::Labels(QPainter& painter, const Drawing& drawing) const {
+  const QFontMetricsF metrics(painter.font());
+  for (const Drawing::Label& label : drawing.Labels) {
+    const QPointF at = m_view.ToPixel(label.At.x(), label.At.y());
+    if (!std::isfinite(at.x()) || !std::isfinite(at.y())) continue;
+    const double width = metrics.horizontalAdvance(label.Text);
+    QRectF box(at.x() - width / 2 - 4, at.y() - metrics.height() / 2 - 2, width + 8, metrics.height() + 4);
+    box.moveLeft(std::clamp(box.left(), 2.0, m_view.Width() - box.width() - 2));
+    box.moveTop(std::clamp(box.top(), 2.0, m_view.Height() - box.height() - 2));
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(WithAlpha(Qt::white, 210));
+    painter.drawRoundedRect(box, 3, 3);
+    painter.setPen(label.Color);
+    painter.drawText(box, Qt::AlignCenter, label.Text);
+  }
+}
+
+}  // namespace plot2d

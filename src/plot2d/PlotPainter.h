@@ -1,0 +1,52 @@
+#pragma once
+
+#include "Drawing.h"
+#include "ViewTransform.h"
+
+#include <QColor>
+#include <QPainter>
+
+namespace plot2d {
+
+struct PlotStyle {
+  bool ShowAxis = true;
+  bool ShowGrid = true;
+  bool ShowNumbers = true;
+  bool ShowOuterFrame = true;
+  bool ShowIntegral = true;
+  bool TransparentBackground = false;
+  QColor Back = Qt::white;
+  QColor Axis = Qt::black;
+  double Thickness = 2;
+};
+
+// Paints a drawing into any QPainter at the view's size: background, grid, shaded regions, axes
+// and their numbers, curves, dots, labels and frame, antialiased.
+class PlotPainter {
+public:
+  PlotPainter(const ViewTransform& view, const PlotStyle& style);
+
+  void Paint(QPainter& painter, const Drawing& drawing) const;
+
+  // Where the axes stand, in pixels: through the origin, or along the nearest edge when the
+  // origin is out of view.
+  double XAxisPixel() const;
+  double YAxisPixel() const;
+
+private:
+  void Grid(QPainter& painter, double xStep, double yStep) const;
+  void Axes(QPainter& painter, double xStep, double yStep) const;
+  void Numbers(QPainter& painter, double xStep, double yStep) const;
+  void Curves(QPainter& painter, const Drawing& drawing) const;
+  void Polyline(QPainter& painter, const QPolygonF& piece) const;
+  void Dots(QPainter& painter, const Drawing& drawing) const;
+  void Labels(QPainter& painter, const Drawing& drawing) const;
+  double XStep(const QFontMetricsF& metrics) const;
+  double YStep(const QFontMetricsF& metrics) const;
+  QTransform ToPixels() const;
+
+  const ViewTransform& m_view;
+  PlotStyle m_style;
+};
+
+}  // namespace plot2d
