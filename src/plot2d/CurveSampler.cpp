@@ -107,15 +107,16 @@ bool CurveSampler::OffScreenTogether(const Point& a, const Point& b) const {
   return (a.Px < 0 && b.Px < 0) || (a.Px > w && b.Px > w) || (a.Py < 0 && b.Py < 0) || (a.Py > h && b.Py > h);
 }
 
-// Which comparison ends the curve between a point inside and one outside decides the end's
-// look: a bound that belongs to the curve ("<=") is filled.
-bool CurveSampler::InclusiveBetween(const Point& inside, const Point& outside) const {
-  for (const auto& [comparison, inclusive] : m_source.Comparisons) {
-    const double in = comparison.At(inside.X, inside.Y, inside.T, inside.Theta, inside.R);
-    const double out = comparison.At(outside.X, outside.Y, outside.T, outside.Theta, outside.R);
-    if ((in != 0) != (out != 0)) return inclusive;
+// A comparison ends the curve where its truth changes while both its sides are numbers outside:
+// the condition's own bound, not the edge of where the function is defined. Its look follows the
+// comparison: a bound that belongs to the curve ("<=") is filled.
+std::optional<bool> CurveSampler::BoundBetween(const Point& inside, const Point& outside) const {
+  const auto at = [](const BlockProgram& p, const Point& q) { return p.At(q.X, q.Y, q.T, q.Theta, q.R); };
+  for (const CurveSource::Bound& bound : m_source.Comparisons) {
+    if ((at(bound.Test, inside) != 0) == (at(bound.Test, outside) != 0)) continue;
+    if (std::isfinite(at(bound.Left, outside)) && std::isfinite(at(bound.Right, outside))) return bound.Inclusive;
   }
-  return false;
+  return std::nullopt;
 }
 
 SampledCurve CurveSampler::Sample(double from, double to, int initialSamples) const {
@@ -198,11 +199,13 @@ SampledCurve CurveSampler::Assemble(const std::vector<Point>& points, const std:
     if (p.Valid()) piece.append(QPointF(p.X, p.Y));
     if (i + 1 == points.size()) break;
     const Point& next = points[i + 1];
-    // An end made by the condition, between two points where the curve is defined.
-    if (p.Defined && next.Defined && p.Allowed != next.Allowed) {
-      const Point& inside = p.Allowed ? p : next;
-      const Point& outside = p.Allowed ? next : p;
-      curve.Ends.push_back({QPointF(inside.X, inside.Y), InclusiveBetween(inside, outside)});
+    // An end made by the condition.
+    if (p.Valid() != next.Valid() && (p.Valid() ? !next.Allowed : !p.Allowed)) {
+      const Point& inside = p.Valid() ? p : next;
+      const Point& outside = p.Valid() ? next : p;
+      if (const auto inclusive = BoundBetween(inside, outside)) {
+        curve.Ends.push_back({QPointF(inside.X, inside.Y), *inclusive});
+      }
     }
     if (!p.Valid() || !next.Valid() || gaps[i] == kBroken) flush();
   }

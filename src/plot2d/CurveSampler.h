@@ -6,6 +6,7 @@
 #include <QPolygonF>
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace plot2d {
@@ -24,8 +25,15 @@ struct CurveSource {
   BlockProgram Second;
   bool HasCondition = false;
   BlockProgram Condition;
-  // The single comparisons of the condition, with whether their bound belongs to the curve.
-  std::vector<std::pair<BlockProgram, bool>> Comparisons;
+  // The single comparisons of the condition: the test, its two sides, and whether its bound
+  // belongs to the curve.
+  struct Bound {
+    BlockProgram Test;
+    BlockProgram Left;
+    BlockProgram Right;
+    bool Inclusive = false;
+  };
+  std::vector<Bound> Comparisons;
 };
 
 // Where a condition ends a curve: the last point that belongs to it.
@@ -67,7 +75,9 @@ private:
 
   void Evaluate(const std::vector<double>& parameters, std::vector<Point>& points) const;
   bool OffScreenTogether(const Point& a, const Point& b) const;
-  bool InclusiveBetween(const Point& inside, const Point& outside) const;
+  // The bound that a comparison of the condition makes between a point inside and one outside,
+  // if one does: whether it is inclusive.
+  std::optional<bool> BoundBetween(const Point& inside, const Point& outside) const;
   SampledCurve Assemble(const std::vector<Point>& points, const std::vector<std::uint8_t>& broken) const;
 
   const CurveSource& m_source;

@@ -61,7 +61,10 @@ void FunctionItem::Classify() {
   if (m_line.Condition >= 0) {
     m_source.HasCondition = true;
     m_source.Condition = BlockProgram(tree, m_line.Condition);
-    for (const Comparison& c : m_line.Comparisons) m_source.Comparisons.emplace_back(BlockProgram(tree, c.Node), c.Inclusive);
+    for (const Comparison& c : m_line.Comparisons) {
+      const Node& n = tree.At(c.Node);
+      m_source.Comparisons.push_back({BlockProgram(tree, c.Node), BlockProgram(tree, n.A), BlockProgram(tree, n.B), c.Inclusive});
+    }
   }
   switch (m_line.Form) {
     case LineForm::Y: m_kind = 1, m_source.Kind = CurveSource::Mode::YOfX; break;

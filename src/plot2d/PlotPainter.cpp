@@ -173,7 +173,9 @@ void PlotPainter::Numbers(QPainter& painter, double xStep, double yStep) const {
     if (x == 0 && m_view.XMin() < 0 && m_view.XMax() > 0) continue;
     const QString text = AxisTicks::Label(x, xStep);
     const double width = metrics.horizontalAdvance(text);
-    const double left = std::clamp(m_view.ToPixelX(x) - width / 2, 2.0, m_view.Width() - width - 2);
+    const double left = m_view.ToPixelX(x) - width / 2;
+    // A number that would stick out of the picture is left out rather than pushed aside.
+    if (left < 1 || left + width > m_view.Width() - 1) continue;
     painter.drawText(QPointF(left, labelTop + metrics.ascent()), text);
   }
   const bool leftOfAxis = ay - kLabelGap - metrics.horizontalAdvance(QStringLiteral("-00.0")) > 0;
@@ -182,7 +184,8 @@ void PlotPainter::Numbers(QPainter& painter, double xStep, double yStep) const {
     const QString text = AxisTicks::Label(y, yStep);
     const double width = metrics.horizontalAdvance(text);
     const double left = leftOfAxis ? ay - kLabelGap - width : ay + kLabelGap + 2;
-    const double baseline = std::clamp(m_view.ToPixelY(y) + metrics.ascent() / 2 - 1, metrics.ascent(), m_view.Height() - 2.0);
+    const double baseline = m_view.ToPixelY(y) + metrics.ascent() / 2 - 1;
+    if (baseline - metrics.ascent() < 1 || baseline + metrics.descent() > m_view.Height() - 1) continue;
     painter.drawText(QPointF(left, baseline), text);
   }
   if (m_view.XMin() < 0 && m_view.XMax() > 0 && m_view.YMin() < 0 && m_view.YMax() > 0) {
