@@ -17,7 +17,9 @@ double AxisTicks::StepFor(double range, double pixels, double minSpacing) {
 std::vector<double> AxisTicks::Values(double low, double high, double step) {
   std::vector<double> values;
   if (!(step > 0) || !std::isfinite(low) || !std::isfinite(high) || (high - low) / step > 10000) return values;
-  for (double k = std::ceil(low / step); k * step <= high; ++k) {
+  // A tick at the very end of the range counts, whatever the last bit of the division says.
+  const double slack = 1e-9;
+  for (double k = std::ceil(low / step - slack); k * step <= high + step * slack; ++k) {
     const double v = k * step;
     values.push_back(std::abs(v) < step * 1e-9 ? 0.0 : v);
   }

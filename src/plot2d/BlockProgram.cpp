@@ -179,9 +179,10 @@ void BlockProgram::Run(const Instruction& in, const Inputs& inputs, std::size_t 
     }
     case Function::Ln: k.Log(a, out, n); break;
     case Function::Tan: {
+      // out may be a's own register: the cosines are taken before the sines overwrite a.
       thread_local std::array<double, kBlock> cosines;
-      k.Sin(a, out, n);
       k.Cos(a, cosines.data(), n);
+      k.Sin(a, out, n);
       for (std::size_t i = 0; i < n; ++i) out[i] = cosines[i] == 0 ? kNaN : out[i] / cosines[i];
       break;
     }

@@ -190,8 +190,9 @@ SampledCurve CurveSampler::Sample(double from, double to, int initialSamples) co
 SampledCurve CurveSampler::Assemble(const std::vector<Point>& points, const std::vector<std::uint8_t>& gaps) const {
   SampledCurve curve;
   QPolygonF piece;
+  // A lone point between two breaks (the sign flips at a pole's very edge) draws nothing.
   const auto flush = [&] {
-    if (!piece.isEmpty()) curve.Pieces.push_back(piece);
+    if (piece.size() > 1) curve.Pieces.push_back(piece);
     piece.clear();
   };
   for (size_t i = 0; i < points.size(); ++i) {

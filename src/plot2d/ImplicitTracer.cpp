@@ -1,27 +1,28 @@
 #include "ImplicitTracer.h"
 
 #include <QHash>
+#include <QSet>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <optional>
 
 namespace plot2d {
 
 namespace {
 
-constexpr int kLevels = 3;  // a coarse cell is 2^3 leaves wide
-
-// Values at many points in one batch.
-std::vector<double> Values(const BlockProgram& program, const std::vector<double>& xs, const std::vector<double>& ys) {
-  std::vector<double> out(xs.size());
-  BlockProgram::Inputs inputs{};
-  inputs[0] = xs.data();
-  inputs[1] = ys.data();
-  program.Evaluate(inputs, xs.size(), out.data());
-  return out;
-}
+constexpr int kCoarse = 8;       // a coarse cell is 8 leaves wide
+constexpr int kRefinements = 12;  // regula falsi steps for each crossing
 
 int SignOf(double v) { return std::isnan(v) ? 2 : (v > 0 ? 1 : 0); }
+
+qint64 KeyOf(int x, int y) { return (static_cast<qint64>(x) << 32) ^ static_cast<quint32>(y); }
+
+// The corners of a leaf counter-clockwise from the lower left, in leaves.
+constexpr std::array<std::array<int, 2>, 4> kCorners = {{{0, 0}, {1, 0}, {1, 1}, {0, 1}}};
+// The neighbour across edge k (from corner k to corner k+1).
+constexpr std::array<std::array<int, 2>, 4> kAcross = {{{0, -1}, {1, 0}, {0, 1}, {-1, 0}}};
 
 }  // namespace
 
@@ -30,65 +31,77 @@ ImplicitTracer::ImplicitTracer(const BlockProgram& difference, const ViewTransfo
   const double leafPixels = std::max(1.0, 100.0 / std::clamp(quality, 1, 100));
   m_leafWidth = leafPixels * view.XPerPixel();
   m_leafHeight = leafPixels * view.YPerPixel();
-  m_levels = kLevels;
+  m_columns = static_cast<int>(std::ceil(view.Width() / leafPixels / kCoarse)) * kCoarse;
+  m_rows = static_cast<int>(std::ceil(view.Height() / leafPixels / kCoarse)) * kCoarse;
+}
+
+std::vector<double> ImplicitTracer::Values(const std::vector<double>& xs, const std::vector<double>& ys) const {
+  std::vector<double> out(xs.size());
+  BlockProgram::Inputs inputs{};
+  inputs[0] = xs.data();
+  inputs[1] = ys.data();
+  m_difference.Evaluate(inputs, xs.size(), out.data());
+  return out;
 }
 
 std::vector<QPolygonF> ImplicitTracer::Trace() const {
-  const double cellWidth = m_leafWidth * (1 << m_levels);
-  const double cellHeight = m_leafHeight * (1 << m_levels);
-  const int columns = static_cast<int>(std::ceil((m_view.XMax() - m_view.XMin()) / cellWidth));
-  const int rows = static_cast<int>(std::ceil((m_view.YMax() - m_view.YMin()) / cellHeight));
-  // The coarse grid's corners, then its centres, in one batch.
-  std::vector<double> xs, ys;
-  xs.reserve(static_cast<size_t>((columns + 1) * (rows + 1) + columns * rows));
-  ys.reserve(xs.capacity());
-  for (int j = 0; j <= rows; ++j) {
-    for (int i = 0; i <= columns; ++i) xs.push_back(m_view.XMin() + i * cellWidth), ys.push_back(m_view.YMin() + j * cellHeight);
-  }
-  for (int j = 0; j < rows; ++j) {
-    for (int i = 0; i < columns; ++i) {
-      xs.push_back(m_view.XMin() + (i + 0.5) * cellWidth), ys.push_back(m_view.YMin() + (j + 0.5) * cellHeight);
-    }
-  }
-  const std::vector<double> v = Values(m_difference, xs, ys);
-  const auto corner = [&](int i, int j) { return v[static_cast<size_t>(j * (columns + 1) + i)]; };
-  const size_t centres = static_cast<size_t>((columns + 1) * (rows + 1));
-  std::vector<Cell> interesting;
-  for (int j = 0; j < rows; ++j) {
-    for (int i = 0; i < columns; ++i) {
-      const int s[5] = {SignOf(corner(i, j)), SignOf(corner(i + 1, j)), SignOf(corner(i, j + 1)),
-                        SignOf(corner(i + 1, j + 1)), SignOf(v[centres + static_cast<size_t>(j * columns + i)])};
-      bool mixed = false;
-      for (int k = 1; k < 5; ++k) mixed |= s[k] != s[0];
-      if (mixed) interesting.push_back({m_view.XMin() + i * cellWidth, m_view.YMin() + j * cellHeight, 0});
-    }
-  }
+  std::vector<Cell> cells = CoarseCells();
+  while (!cells.empty() && cells.front().Size > 1) cells = Split(cells);
+  // Contour the leaves, then the neighbours the curve leads into, until it leads nowhere new.
   std::vector<Segment> segments;
-  Leaves(interesting, 0, segments);
+  QSet<qint64> seen;
+  for (const Cell& c : cells) seen.insert(KeyOf(c.X, c.Y));
+  while (!cells.empty()) {
+    std::vector<Cell> next;
+    for (const Cell& c : Contour(cells, segments)) {
+      if (c.X < 0 || c.Y < 0 || c.X >= m_columns || c.Y >= m_rows) continue;
+      if (!seen.contains(KeyOf(c.X, c.Y))) seen.insert(KeyOf(c.X, c.Y)), next.push_back(c);
+    }
+    cells.swap(next);
+  }
   return Chain(segments);
 }
 
-// Splits cells level by level, keeping the quarters whose corners or centre differ in sign or
-// definedness; at the last level the kept cells are contoured.
-void ImplicitTracer::Leaves(const std::vector<Cell>& cells, int level, std::vector<Segment>& segments) const {
-  if (level == m_levels) {
-    Contour(cells, segments);
-    return;
+// The coarse cells whose corners and centre differ in sign or definedness.
+std::vector<ImplicitTracer::Cell> ImplicitTracer::CoarseCells() const {
+  const int columns = m_columns / kCoarse;
+  const int rows = m_rows / kCoarse;
+  std::vector<double> xs, ys;
+  for (int j = 0; j <= rows; ++j) {
+    for (int i = 0; i <= columns; ++i) xs.push_back(XAt(i * kCoarse)), ys.push_back(YAt(j * kCoarse));
   }
-  const double w = m_leafWidth * (1 << (m_levels - level - 1));
-  const double h = m_leafHeight * (1 << (m_levels - level - 1));
+  for (int j = 0; j < rows; ++j) {
+    for (int i = 0; i < columns; ++i) xs.push_back(XAt(i * kCoarse + kCoarse / 2)), ys.push_back(YAt(j * kCoarse + kCoarse / 2));
+  }
+  const std::vector<double> v = Values(xs, ys);
+  const auto corner = [&](int i, int j) { return SignOf(v[static_cast<size_t>(j * (columns + 1) + i)]); };
+  const size_t centres = static_cast<size_t>((columns + 1) * (rows + 1));
+  std::vector<Cell> cells;
+  for (int j = 0; j < rows; ++j) {
+    for (int i = 0; i < columns; ++i) {
+      const int first = corner(i, j);
+      const bool mixed = corner(i + 1, j) != first || corner(i, j + 1) != first || corner(i + 1, j + 1) != first ||
+                         SignOf(v[centres + static_cast<size_t>(j * columns + i)]) != first;
+      if (mixed) cells.push_back({i * kCoarse, j * kCoarse, kCoarse});
+    }
+  }
+  return cells;
+}
+
+// The quarters of the cells that still differ in sign or definedness at corners or centre.
+std::vector<ImplicitTracer::Cell> ImplicitTracer::Split(const std::vector<Cell>& cells) const {
   std::vector<Cell> quarters;
   std::vector<double> xs, ys;
   for (const Cell& c : cells) {
+    const int half = c.Size / 2;
     for (int q = 0; q < 4; ++q) {
-      const Cell quarter{c.X + (q & 1) * w, c.Y + (q >> 1) * h, level + 1};
+      const Cell quarter{c.X + (q & 1) * half, c.Y + (q >> 1) * half, half};
       quarters.push_back(quarter);
-      const double px[5] = {0, w, 0, w, w / 2};
-      const double py[5] = {0, 0, h, h, h / 2};
-      for (int k = 0; k < 5; ++k) xs.push_back(quarter.X + px[k]), ys.push_back(quarter.Y + py[k]);
+      for (const auto& [dx, dy] : kCorners) xs.push_back(XAt(quarter.X + dx * half)), ys.push_back(YAt(quarter.Y + dy * half));
+      xs.push_back(XAt(quarter.X + half / 2.0)), ys.push_back(YAt(quarter.Y + half / 2.0));
     }
   }
-  const std::vector<double> v = Values(m_difference, xs, ys);
+  const std::vector<double> v = Values(xs, ys);
   std::vector<Cell> kept;
   for (size_t i = 0; i < quarters.size(); ++i) {
     const int first = SignOf(v[i * 5]);
@@ -96,85 +109,124 @@ void ImplicitTracer::Leaves(const std::vector<Cell>& cells, int level, std::vect
     for (size_t k = 1; k < 5; ++k) mixed |= SignOf(v[i * 5 + k]) != first;
     if (mixed) kept.push_back(quarters[i]);
   }
-  Leaves(kept, level + 1, segments);
+  return kept;
 }
 
-// Marching squares in each leaf, with the centre deciding the two saddle cases and a check that
-// the function really comes near zero at each crossing.
-void ImplicitTracer::Contour(const std::vector<Cell>& leaves, std::vector<Segment>& segments) const {
-  const double w = m_leafWidth;
-  const double h = m_leafHeight;
+// Marching squares in each leaf, the centre deciding the saddles. Returns the neighbours across
+// the edges the curve crosses.
+std::vector<ImplicitTracer::Cell> ImplicitTracer::Contour(const std::vector<Cell>& leaves,
+                                                          std::vector<Segment>& segments) const {
   std::vector<double> xs, ys;
   for (const Cell& c : leaves) {
-    const double px[5] = {0, w, w, 0, w / 2};
-    const double py[5] = {0, 0, h, h, h / 2};
-    for (int k = 0; k < 5; ++k) xs.push_back(c.X + px[k]), ys.push_back(c.Y + py[k]);
+    for (const auto& [dx, dy] : kCorners) xs.push_back(XAt(c.X + dx)), ys.push_back(YAt(c.Y + dy));
+    xs.push_back(XAt(c.X + 0.5)), ys.push_back(YAt(c.Y + 0.5));
   }
-  const std::vector<double> v = Values(m_difference, xs, ys);
+  const std::vector<double> v = Values(xs, ys);
 
-  // Edge k runs from corner k to corner k+1 (counter-clockwise from lower left).
+  // Every crossed edge, oriented from its lower-left end so that the two leaves sharing it find
+  // the very same point.
   struct Crossing {
+    QPointF Low, High;  // ends
+    double FLow, FHigh;
     QPointF At;
-    double Low, High;  // the smaller and larger magnitudes at its ends
   };
-  std::vector<std::pair<Crossing, Crossing>> pending;
-  std::vector<double> checkX, checkY;
+  std::vector<Crossing> crossings;
+  std::vector<std::array<int, 2>> pairs;  // indices into crossings, per segment
+  std::vector<Cell> neighbours;
   for (size_t i = 0; i < leaves.size(); ++i) {
     const double* f = &v[i * 5];
-    QPointF corners[4];
-    for (int k = 0; k < 4; ++k) corners[k] = QPointF(xs[i * 5 + static_cast<size_t>(k)], ys[i * 5 + static_cast<size_t>(k)]);
-    std::vector<Crossing> crossings;
-    int edgesOf[4];
+    int edgeCrossing[4] = {-1, -1, -1, -1};
+    int count = 0;
     for (int k = 0; k < 4; ++k) {
-      edgesOf[k] = -1;
-      const double a = f[k];
-      const double b = f[(k + 1) % 4];
-      if (std::isnan(a) || std::isnan(b) || (a > 0) == (b > 0)) continue;
-      const double t = a / (a - b);
-      const QPointF p = corners[k] + t * (corners[(k + 1) % 4] - corners[k]);
-      edgesOf[k] = static_cast<int>(crossings.size());
-      crossings.push_back({p, std::min(std::abs(a), std::abs(b)), std::max(std::abs(a), std::abs(b))});
+      const int k1 = (k + 1) % 4;
+      if (std::isnan(f[k]) || std::isnan(f[k1]) || (f[k] > 0) == (f[k1] > 0)) continue;
+      const bool forward = k < 2;  // edges 0 and 1 run away from the lower left; 2 and 3 towards it
+      const int from = forward ? k : k1;
+      const int to = forward ? k1 : k;
+      const QPointF a(xs[i * 5 + static_cast<size_t>(from)], ys[i * 5 + static_cast<size_t>(from)]);
+      const QPointF b(xs[i * 5 + static_cast<size_t>(to)], ys[i * 5 + static_cast<size_t>(to)]);
+      edgeCrossing[k] = static_cast<int>(crossings.size());
+      crossings.push_back({a, b, f[from], f[to], a});
+      neighbours.push_back({leaves[i].X + kAcross[static_cast<size_t>(k)][0], leaves[i].Y + kAcross[static_cast<size_t>(k)][1], 1});
+      ++count;
     }
-    if (crossings.size() == 2) {
-      pending.push_back({crossings[0], crossings[1]});
-    } else if (crossings.size() == 4) {
-      // A saddle: join each crossing to the neighbour on the side that agrees with the centre.
-      const bool centrePositive = f[4] > 0;
-      const bool firstPositive = f[0] > 0;
-      if (centrePositive == firstPositive) {
-        pending.push_back({crossings[static_cast<size_t>(edgesOf[0])], crossings[static_cast<size_t>(edgesOf[1])]});
-        pending.push_back({crossings[static_cast<size_t>(edgesOf[2])], crossings[static_cast<size_t>(edgesOf[3])]});
+    if (count == 2) {
+      int found[2], n = 0;
+      for (int k = 0; k < 4; ++k) {
+        if (edgeCrossing[k] >= 0) found[n++] = edgeCrossing[k];
+      }
+      pairs.push_back({found[0], found[1]});
+    } else if (count == 4) {
+      // A saddle: pair each crossing with the neighbour on the side that agrees with the centre.
+      if ((f[4] > 0) == (f[0] > 0)) {
+        pairs.push_back({edgeCrossing[0], edgeCrossing[1]});
+        pairs.push_back({edgeCrossing[2], edgeCrossing[3]});
       } else {
-        pending.push_back({crossings[static_cast<size_t>(edgesOf[0])], crossings[static_cast<size_t>(edgesOf[3])]});
-        pending.push_back({crossings[static_cast<size_t>(edgesOf[1])], crossings[static_cast<size_t>(edgesOf[2])]});
+        pairs.push_back({edgeCrossing[0], edgeCrossing[3]});
+        pairs.push_back({edgeCrossing[1], edgeCrossing[2]});
       }
     }
   }
-  for (const auto& [a, b] : pending) {
-    checkX.push_back(a.At.x()), checkY.push_back(a.At.y());
-    checkX.push_back(b.At.x()), checkY.push_back(b.At.y());
+
+  // Regula falsi (Illinois) on every crossing at once; the last value tells a root from a pole.
+  std::vector<double> residual(crossings.size(), 0);
+  std::vector<int> lastSide(crossings.size(), 0);
+  for (int step = 0; step < kRefinements && !crossings.empty(); ++step) {
+    std::vector<double> px, py;
+    for (Crossing& c : crossings) {
+      const double t = c.FLow / (c.FLow - c.FHigh);
+      c.At = c.Low + std::clamp(t, 0.0, 1.0) * (c.High - c.Low);
+      px.push_back(c.At.x()), py.push_back(c.At.y());
+    }
+    residual = Values(px, py);
+    for (size_t i = 0; i < crossings.size(); ++i) {
+      Crossing& c = crossings[i];
+      const double r = residual[i];
+      if (std::isnan(r) || r == 0) continue;
+      if ((r > 0) == (c.FLow > 0)) {
+        c.Low = c.At, c.FLow = r;
+        if (lastSide[i] == -1) c.FHigh /= 2;
+        lastSide[i] = -1;
+      } else {
+        c.High = c.At, c.FHigh = r;
+        if (lastSide[i] == 1) c.FLow /= 2;
+        lastSide[i] = 1;
+      }
+    }
   }
-  const std::vector<double> residual = Values(m_difference, checkX, checkY);
   std::vector<double> allowed;
-  if (m_condition) {
+  if (m_condition && !pairs.empty()) {
     std::vector<double> mx, my;
-    for (const auto& [a, b] : pending) mx.push_back((a.At.x() + b.At.x()) / 2), my.push_back((a.At.y() + b.At.y()) / 2);
-    allowed = Values(*m_condition, mx, my);
+    for (const auto& [a, b] : pairs) {
+      mx.push_back((crossings[static_cast<size_t>(a)].At.x() + crossings[static_cast<size_t>(b)].At.x()) / 2);
+      my.push_back((crossings[static_cast<size_t>(a)].At.y() + crossings[static_cast<size_t>(b)].At.y()) / 2);
+    }
+    std::vector<double> out(mx.size());
+    BlockProgram::Inputs inputs{};
+    inputs[0] = mx.data();
+    inputs[1] = my.data();
+    m_condition->Evaluate(inputs, mx.size(), out.data());
+    allowed = std::move(out);
   }
-  for (size_t i = 0; i < pending.size(); ++i) {
-    const auto& [a, b] = pending[i];
-    // Near a root the interpolated point is far closer to zero than the ends; at a pole it is
-    // not (or the function is undefined there).
-    const bool nearZeroA = std::abs(residual[2 * i]) <= 0.5 * a.High;
-    const bool nearZeroB = std::abs(residual[2 * i + 1]) <= 0.5 * b.High;
-    if (!nearZeroA || !nearZeroB) continue;
+  // A root: the function came down to a small fraction of its values at the bracket's ends.
+  const auto root = [&](int index) {
+    const Crossing& c = crossings[static_cast<size_t>(index)];
+    const double r = std::abs(residual[static_cast<size_t>(index)]);
+    return std::isfinite(r) && r <= 1e-3 * std::max(std::abs(c.FLow), std::abs(c.FHigh)) + 1e-9;
+  };
+  for (size_t i = 0; i < pairs.size(); ++i) {
+    const auto [a, b] = pairs[i];
+    if (!root(a) || !root(b)) continue;
     if (m_condition && allowed[i] == 0) continue;
-    segments.push_back({a.At, b.At});
+    // Where the curve passes exactly through a corner both crossings are that corner.
+    if (crossings[static_cast<size_t>(a)].At == crossings[static_cast<size_t>(b)].At) continue;
+    segments.push_back({crossings[static_cast<size_t>(a)].At, crossings[static_cast<size_t>(b)].At});
   }
+  return neighbours;
 }
 
 // Joins segments that share end points into polylines, so the painter strokes few long lines.
-std::vector<QPolygonF> ImplicitTracer::Chain(std::vector<Segment>& segments) const {
+std::vector<QPolygonF> ImplicitTracer::Chain(const std::vector<Segment>& segments) const {
   const auto key = [&](const QPointF& p) {
     const qint64 ix = qRound64((p.x() - m_view.XMin()) / m_leafWidth * 4096);
     const qint64 iy = qRound64((p.y() - m_view.YMin()) / m_leafHeight * 4096);
@@ -187,7 +239,8 @@ std::vector<QPolygonF> ImplicitTracer::Chain(std::vector<Segment>& segments) con
   }
   std::vector<bool> used(segments.size(), false);
   const auto next = [&](const QPointF& at) -> std::optional<size_t> {
-    for (auto it = ends.constFind(key(at)); it != ends.cend() && it.key() == key(at); ++it) {
+    const qint64 k = key(at);
+    for (auto it = ends.constFind(k); it != ends.cend() && it.key() == k; ++it) {
       if (!used[*it]) return *it;
     }
     return std::nullopt;

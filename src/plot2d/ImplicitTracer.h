@@ -11,10 +11,11 @@ namespace plot2d {
 
 // The zero set of Difference (F - G of an implicit equation F = G) in the view, as polylines in
 // plot coordinates. A coarse grid finds the cells where the sign changes (corners and centre) or
-// where the function is undefined at some corner; those are split down to about a pixel, and in
-// each leaf the curve is drawn between the edge crossings. A crossing where the function does not
-// come near zero (a pole, as in tan(x*y)=1) is rejected, so no spurious segment joins two
-// branches.
+// where the function is undefined at some corner; those are split down to leaves of about a
+// pixel. From every leaf the curve crosses, the neighbours across the crossed edges are looked at
+// too, so a curve that only grazes a coarse cell is followed through it. Each crossing is
+// refined on its edge (regula falsi); one where the function does not come to zero (a pole, as in
+// tan(x*y)=1) is rejected, so no spurious segment joins two branches.
 class ImplicitTracer {
 public:
   ImplicitTracer(const BlockProgram& difference, const ViewTransform& view, int quality);
@@ -24,24 +25,30 @@ public:
   std::vector<QPolygonF> Trace() const;
 
 private:
+  // A square of the grid, in leaves from the view's lower-left corner.
   struct Cell {
-    double X = 0, Y = 0;  // lower-left corner, plot coordinates
-    int Level = 0;
+    int X = 0, Y = 0;
+    int Size = 1;
   };
   struct Segment {
     QPointF A, B;
   };
 
-  void Leaves(const std::vector<Cell>& cells, int level, std::vector<Segment>& segments) const;
-  void Contour(const std::vector<Cell>& leaves, std::vector<Segment>& segments) const;
-  std::vector<QPolygonF> Chain(std::vector<Segment>& segments) const;
+  double XAt(double leafX) const { return m_view.XMin() + leafX * m_leafWidth; }
+  double YAt(double leafY) const { return m_view.YMin() + leafY * m_leafHeight; }
+  std::vector<double> Values(const std::vector<double>& xs, const std::vector<double>& ys) const;
+  std::vector<Cell> CoarseCells() const;
+  std::vector<Cell> Split(const std::vector<Cell>& cells) const;
+  std::vector<Cell> Contour(const std::vector<Cell>& leaves, std::vector<Segment>& segments) const;
+  std::vector<QPolygonF> Chain(const std::vector<Segment>& segments) const;
 
   const BlockProgram& m_difference;
   const ViewTransform& m_view;
   const BlockProgram* m_condition = nullptr;
   double m_leafWidth;   // plot units
   double m_leafHeight;
-  int m_levels;         // splits from the coarse grid to a leaf
+  int m_columns;        // leaves across and up the view
+  int m_rows;
 };
 
 }  // namespace plot2d

@@ -40,7 +40,7 @@ Piece Rule(const BlockProgram& f, double a, double b, bool& defined) {
   inputs[0] = xs.data();
   f.Evaluate(inputs, 15, ys.data());
   Piece piece{a, b, {0, 0, 0}, 0};
-  double gauss = 0;
+  double gauss[3] = {0, 0, 0};
   for (size_t i = 0; i < 15; ++i) {
     if (std::isnan(ys[i])) defined = false;
     const size_t k = i < 8 ? i : 14 - i;
@@ -48,10 +48,16 @@ Piece Rule(const BlockProgram& f, double a, double b, bool& defined) {
     piece.Value[0] += w * ys[i];
     piece.Value[1] += w * std::max(ys[i], 0.0);
     piece.Value[2] += w * std::min(ys[i], 0.0);
-    if (k % 2 == 1) gauss += kGauss[k / 2] * half * ys[i];  // the Gauss nodes, the centre last
+    if (k % 2 == 1) {  // the Gauss nodes, the centre last
+      const double g = kGauss[k / 2] * half;
+      gauss[0] += g * ys[i];
+      gauss[1] += g * std::max(ys[i], 0.0);
+      gauss[2] += g * std::min(ys[i], 0.0);
+    }
   }
-  // The parts above and below have kinks at the roots; their error counts too.
-  piece.Error = std::abs(piece.Value[0] - gauss);
+  // The parts above and below have kinks at the roots; their errors count too.
+  piece.Error = std::abs(piece.Value[0] - gauss[0]) + std::abs(piece.Value[1] - gauss[1]) +
+                std::abs(piece.Value[2] - gauss[2]);
   return piece;
 }
 

@@ -1,0 +1,290 @@
+#include "core/RuntimeError.h"
+#include "plot2d/Plot.h"
+
+#include <gtest/gtest.h>
+
+#include "QtPrinters.h"
+
+#include <QImageReader>
+#include <QTemporaryDir>
+
+#include <cmath>
+
+using plot2d::Plot;
+
+namespace {
+
+constexpr double kRed = 255;
+
+// A plot with nothing but its curves: no grid, axes, numbers or frame.
+Plot Bare(QSize size, double range = 10) {
+  Plot plot;
+  plot.SetSize(size);
+  plot.SetXMin(-range), plot.SetXMax(range), plot.SetYMin(-range), plot.SetYMax(range);
+  plot.SetShowAxis(false), plot.SetShowGrid(false), plot.SetShowNumbers(false), plot.SetShowOuterFrame(false);
+  return plot;
+}
+
+void Add(Plot& plot, const QString& line, bool endDots = false, bool shadeGreater = false) {
+  std::int32_t kind = 0;
+  plot.AddFunction(1, line, kRed, false, kind, shadeGreater, endDots, false, 0);
+}
+
+bool Inked(const QImage& image, int x, int y) {
+  const QColor c = image.pixelColor(x, y);
+  return c.red() < 250 || c.green() < 250 || c.blue() < 250;
+}
+
+}  // namespace
+
+TEST(Plot, TheDefaultRangeIsMinusTenToTen) {
+  Plot plot;
+  EXPECT_EQ(plot.XMin(), -10);
+  EXPECT_EQ(plot.XMax(), 10);
+  EXPECT_EQ(plot.YMin(), -10);
+  EXPECT_EQ(plot.YMax(), 10);
+  EXPECT_EQ(plot.DefaultXMin(), -10);
+  EXPECT_EQ(plot.DefaultYMax(), 10);
+  EXPECT_EQ(plot.Quality(), 100);
+}
+
+TEST(Plot, ZoomAndResetRange) {
+  Plot plot;
+  plot.ZoomIn();
+  EXPECT_EQ(plot.XMin(), -5);
+  EXPECT_EQ(plot.YMax(), 5);
+  plot.ZoomOut();
+  plot.ZoomOut();
+  EXPECT_EQ(plot.XMax(), 20);
+  plot.SetDefaultRange(0, 1, 2, 3);
+  plot.ResetRange();
+  EXPECT_EQ(plot.XMin(), 0);
+  EXPECT_EQ(plot.XMax(), 1);
+  EXPECT_EQ(plot.YMin(), 2);
+  EXPECT_EQ(plot.YMax(), 3);
+}
+
+TEST(Plot, KindIsWrittenBack) {
+  struct Case { const char* line; std::int32_t kind; };
+  const Case cases[] = {{"y=x^2", 1}, {"x=sin(y)", 2}, {"r=2*theta", 3}, {"x^2+y^2=1", 4}, {"x^2", 1},
+                        {"sin(y)", 2}, {"theta/2", 3}, {"y=x*y+1", 4}, {"x*y-1", 4}};
+  for (const Case& c : cases) {
+    Plot plot;
+    std::int32_t kind = 0;
+    plot.AddFunction(1, c.line, kRed, false, kind, false, false, false, 0);
+    EXPECT_EQ(kind, c.kind) << c.line;
+  }
+}
+
+TEST(Plot, ALineThatCannotBeParsedDrawsNothingAndIsRemembered) {
+  Plot plot;
+  std::int32_t kind = 3;
+  plot.AddFunction(2, "y=foo(x)", kRed, false, kind, false, false, false, 0);
+  EXPECT_EQ(kind, 3);  // left as it was
+  EXPECT_EQ(plot.Problems(), QStringList({"row 2: unknown name \"foo\""}));
+  plot.Redraw();
+  EXPECT_TRUE(plot.LastDrawing().Curves.empty());
+  plot.ClearAll();
+  EXPECT_TRUE(plot.Problems().isEmpty());
+}
+
+TEST(Plot, ACirclesPixelsLieOnTheCircle) {
+  Plot plot = Bare(QSize(800, 800));
+  plot.SetThickness(1);
+  Add(plot, "x^2+y^2=25");
+  plot.Redraw();
+  const QImage image = plot.Picture();
+  int inked = 0;
+  for (int y = 0; y < 800; ++y) {
+    for (int x = 0; x < 800; ++x) {
+      if (!Inked(image, x, y)) continue;
+      ++inked;
+      const double distance = std::hypot(x + 0.5 - 400, y + 0.5 - 400);
+      ASSERT_NEAR(distance, 200, 2.0) << x << "," << y;
+    }
+  }
+  EXPECT_GT(inked, static_cast<int>(2 * 3.14159 * 200));  // the whole way round
+  for (int degrees = 0; degrees < 360; degrees += 5) {
+    const double a = degrees * 3.14159265358979 / 180;
+    const int x = static_cast<int>(400 + 200 * std::cos(a));
+    const int y = static_cast<int>(400 - 200 * std::sin(a));
+    bool near = false;
+    for (int dy = -1; dy <= 1; ++dy) {
+      for (int dx = -1; dx <= 1; ++dx) near |= Inked(image, x + dx, y + dy);
+    }
+    EXPECT_TRUE(near) << degrees << " degrees";
+  }
+}
+
+TEST(Plot, NoVerticalRunBetweenTheBranchesOfTan) {
+  Plot plot = Bare(QSize(800, 800));
+  plot.SetThickness(1);
+  Add(plot, "y=tan(x)");
+  plot.Redraw();
+  const QImage image = plot.Picture();
+  // Around the pole at pi/2 the curve is far above or below the middle band.
+  const int pole = static_cast<int>((3.14159265358979 / 2 + 10) / 20 * 800);
+  for (int x = pole - 4; x <= pole + 4; ++x) {
+    for (int y = 200; y < 600; ++y) EXPECT_FALSE(Inked(image, x, y)) << x << "," << y;
+  }
+}
+
+TEST(Plot, ARestrictedCurveStopsAtItsBoundWithItsDots) {
+  Plot plot = Bare(QSize(800, 800));
+  plot.SetThickness(2);
+  Add(plot, "y=0;-5<=x<5", true);
+  plot.Redraw();
+  const QImage image = plot.Picture();
+  // The dots: filled at -5 (x pixel 200), hollow at 5 (600), on y = 0 (pixel 400).
+  EXPECT_TRUE(Inked(image, 200, 400));
+  EXPECT_FALSE(Inked(image, 600, 400));
+  EXPECT_TRUE(Inked(image, 600 + 4, 400));  // the ring
+  // Nothing beyond the ends.
+  for (int x = 620; x < 800; ++x) EXPECT_FALSE(Inked(image, x, 400)) << x;
+  for (int x = 0; x < 180; ++x) EXPECT_FALSE(Inked(image, x, 400)) << x;
+  EXPECT_TRUE(Inked(image, 400, 400));
+}
+
+TEST(Plot, ShadingTakesTheSideWhereTheLeftSideIsGreater) {
+  Plot plot = Bare(QSize(400, 400));
+  Add(plot, "y=x", false, true);
+  plot.Redraw();
+  const QImage image = plot.Picture();
+  EXPECT_TRUE(Inked(image, 100, 50));    // above y = x
+  EXPECT_FALSE(Inked(image, 300, 350));  // below
+}
+
+TEST(Plot, InequalitiesShadeWhereTheyHold) {
+  Plot plot = Bare(QSize(400, 400));
+  plot.AddInequality("y<x", 0, 16711680, true, "y>-x");
+  plot.Redraw();
+  const QImage image = plot.Picture();
+  EXPECT_TRUE(Inked(image, 350, 200));   // right: y < x and y > -x
+  EXPECT_FALSE(Inked(image, 50, 200));   // left
+  EXPECT_FALSE(Inked(image, 200, 30));   // top
+  EXPECT_EQ(plot.LastDrawing().Curves.size(), 2u);
+  EXPECT_EQ(plot.LastDrawing().Curves[0].Line, plot2d::Drawing::Style::Dashed);
+}
+
+TEST(Plot, IntegralsAgainstTheirExactValues) {
+  struct Case {
+    const char* f;
+    double from, to;
+    double exact;
+  };
+  const double ln = std::log(2.71828182845905);
+  const Case cases[] = {
+      {"x^2", 0, 3, 9},
+      {"sin(x)", 0, 3.14159265358979, 1 - std::cos(3.14159265358979)},
+      {"exp(x)", 0, 1, (2.71828182845905 - 1) / ln},
+      {"1/x", 1, 10, std::log(10.0)},
+      {"sqrt(x)", 0, 4, 16.0 / 3},
+      {"abs(x)", -1, 2, 2.5},
+  };
+  for (const Case& c : cases) {
+    const plot2d::IntegralItem item(c.f, nullptr, c.from, c.to, Qt::blue);
+    EXPECT_LT(std::abs(item.Value().Total - c.exact), 1e-9 * std::abs(c.exact)) << c.f << ": " << item.Value().Total;
+  }
+  const plot2d::IntegralItem sine("sin(x)", nullptr, 0, 2 * 3.14159265358979, Qt::blue);
+  EXPECT_NEAR(sine.Value().Above, 2, 1e-9);
+  EXPECT_NEAR(sine.Value().Below, -2, 1e-9);
+  EXPECT_NEAR(sine.Value().Total, 0, 1e-9);
+  const QString second = "x";
+  const plot2d::IntegralItem between("x^2", &second, 0, 1, Qt::blue);
+  EXPECT_NEAR(between.Value().Total, 1.0 / 3 - 0.5, 1e-12);
+  EXPECT_FALSE(plot2d::IntegralItem("1/x", nullptr, -1, 1, Qt::blue).Value().Defined);
+}
+
+TEST(Plot, IntegralsShadeAndLabelUnlessHidden) {
+  Plot plot = Bare(QSize(400, 400));
+  bool second = false;
+  QString none;
+  plot.AddIntegral("x^2", 0, 2, 16744448, second, none);
+  EXPECT_EQ(plot.IntegralMode(), 1);
+  plot.Redraw();
+  ASSERT_EQ(plot.LastDrawing().Labels.size(), 1u);
+  EXPECT_EQ(plot.LastDrawing().Labels[0].Text, QString::fromUtf8("\u222B = 2.666666667"));
+  plot.SetShowIntegral(false);
+  plot.Redraw();
+  EXPECT_TRUE(plot.LastDrawing().Labels.empty());
+}
+
+TEST(Plot, PointsInBothForms) {
+  Plot plot = Bare(QSize(400, 400));
+  double a = 2, b = 3;
+  plot.AddPoint(1, a, b, 1, kRed, true);
+  double r = 2, theta = 3.14159265358979 / 2;
+  plot.AddPoint(2, r, theta, 2, kRed, false);
+  plot.Redraw();
+  const auto& dots = plot.LastDrawing().Dots;
+  ASSERT_EQ(dots.size(), 2u);
+  EXPECT_EQ(dots[0].At, QPointF(2, 3));
+  EXPECT_NEAR(dots[1].At.x(), 0, 1e-12);
+  EXPECT_NEAR(dots[1].At.y(), 2, 1e-12);
+  EXPECT_TRUE(dots[0].Filled);
+  EXPECT_FALSE(dots[1].Filled);
+}
+
+TEST(Plot, RangesTheWrongWayRoundOrOfZeroWidthDoNotCrash) {
+  for (const auto& r : {std::array<double, 4>{5, -5, 5, -5}, {1, 1, 2, 2}, {0, 0, 0, 0}, {-1e308, 1e308, -1e308, 1e308},
+                        {1e-300, 2e-300, 0, 1}, {NAN, 1, 0, 1}}) {
+    Plot plot;
+    plot.SetSize(QSize(200, 100));
+    plot.SetXMin(r[0]), plot.SetXMax(r[1]), plot.SetYMin(r[2]), plot.SetYMax(r[3]);
+    Add(plot, "y=sin(x)");
+    Add(plot, "x^2+y^2=1");
+    plot.Redraw();
+    EXPECT_FALSE(plot.Picture().isNull());
+  }
+}
+
+TEST(Plot, ProgressRunsFromZeroToHundredThenFinished) {
+  Plot plot;
+  Add(plot, "y=x");
+  Add(plot, "y=2x");
+  std::vector<int> progress;
+  bool finished = false;
+  plot.OnProgress = [&](int p) { progress.push_back(p); };
+  plot.OnFinished = [&] { finished = progress.back() == 100; };
+  plot.Redraw();
+  EXPECT_EQ(progress.front(), 0);
+  EXPECT_EQ(progress.back(), 100);
+  EXPECT_TRUE(std::is_sorted(progress.begin(), progress.end()));
+  EXPECT_TRUE(finished);
+}
+
+TEST(Plot, SavesThePictureInThreeFormats) {
+  QTemporaryDir dir;
+  Plot plot;
+  plot.SetSize(QSize(320, 200));
+  Add(plot, "y=sin(x)");
+  plot.Redraw();
+  struct Case { const char* name; std::int32_t kind; const char* format; };
+  const Case cases[] = {{"a.png", 1, "png"}, {"b.jpg", 2, "jpeg"}, {"c.bmp", 3, "bmp"}, {"d.JPG", 0, "jpeg"},
+                        {"e.Bmp", 0, "bmp"}, {"f.picture", 0, "png"}, {"g.png", 0, "png"}};
+  for (const Case& c : cases) {
+    const QString path = dir.filePath(c.name);
+    plot.SavePicture(path, c.kind);
+    QImageReader reader(path);
+    reader.setDecideFormatFromContent(true);
+    EXPECT_EQ(reader.format(), QByteArray(c.format)) << c.name;
+    EXPECT_EQ(reader.size(), QSize(320, 200)) << c.name;
+  }
+  plot.SetTransparentBackground(true);
+  plot.SavePicture(dir.filePath("t.png"), 1);
+  const QImage transparent(dir.filePath("t.png"));
+  EXPECT_TRUE(transparent.hasAlphaChannel());
+  EXPECT_EQ(transparent.pixelColor(5, 5).alpha(), 0);
+  try {
+    plot.SavePicture(dir.filePath("missing/folder/x.png"), 1);
+    ADD_FAILURE() << "no error";
+  } catch (const core::RuntimeError& e) {
+    EXPECT_FALSE(e.Description().isEmpty());
+  }
+}
+
+TEST(Plot, ColoursAreRedInTheLowByte) {
+  EXPECT_EQ(Plot::ColorOf(255), QColor(255, 0, 0));
+  EXPECT_EQ(Plot::ColorOf(16711680), QColor(0, 0, 255));
+  EXPECT_EQ(Plot::ColorOf(NAN), QColor(Qt::black));
+}

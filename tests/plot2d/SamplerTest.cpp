@@ -1,0 +1,155 @@
+#include "plot2d/CurveSampler.h"
+#include "plot2d/ImplicitTracer.h"
+#include "plot2d/LineParser.h"
+
+#include <gtest/gtest.h>
+
+#include "QtPrinters.h"
+
+#include <QLineF>
+
+#include <cmath>
+
+using namespace plot2d;
+
+namespace {
+
+struct Explicit {
+  ParsedLine Line;
+  CurveSource Source;
+
+  explicit Explicit(const QString& text) : Line(ParseLine(text)) {
+    EXPECT_TRUE(Line.Ok()) << text.toStdString();
+    Source.Kind = CurveSource::Mode::YOfX;
+    Source.First = BlockProgram(Line.Tree, Line.Right);
+    if (Line.Condition >= 0) {
+      Source.HasCondition = true;
+      Source.Condition = BlockProgram(Line.Tree, Line.Condition);
+      for (const Comparison& c : Line.Comparisons) {
+        const Node& n = Line.Tree.At(c.Node);
+        Source.Comparisons.push_back({BlockProgram(Line.Tree, c.Node), BlockProgram(Line.Tree, n.A),
+                                      BlockProgram(Line.Tree, n.B), c.Inclusive});
+      }
+    }
+  }
+
+  SampledCurve Sample(const ViewTransform& view, int quality = 100) const {
+    return CurveSampler(Source, view, quality).Sample(view.XMin(), view.XMax(), CurveSampler::SamplesFor(view.Width(), quality));
+  }
+};
+
+const ViewTransform kView(-10, 10, -10, 10, QSize(800, 600));
+
+}  // namespace
+
+TEST(CurveSampler, ARestrictedCurveEndsExactlyAtItsBounds) {
+  const SampledCurve curve = Explicit("y=x;0<x<3").Sample(kView);
+  ASSERT_EQ(curve.Pieces.size(), 1u);
+  EXPECT_NEAR(curve.Pieces[0].first().x(), 0, 1e-9);
+  EXPECT_NEAR(curve.Pieces[0].last().x(), 3, 1e-9);
+  ASSERT_EQ(curve.Ends.size(), 2u);
+  EXPECT_FALSE(curve.Ends[0].Inclusive);
+  EXPECT_FALSE(curve.Ends[1].Inclusive);
+  const SampledCurve inclusive = Explicit("y=x;0<=x<=3").Sample(kView);
+  ASSERT_EQ(inclusive.Ends.size(), 2u);
+  EXPECT_TRUE(inclusive.Ends[0].Inclusive);
+  EXPECT_TRUE(inclusive.Ends[1].Inclusive);
+}
+
+TEST(CurveSampler, SqrtReachesZero) {
+  const SampledCurve curve = Explicit("y=sqrt(x)").Sample(kView);
+  ASSERT_EQ(curve.Pieces.size(), 1u);
+  EXPECT_LT(curve.Pieces[0].first().x(), 1e-9);
+  EXPECT_GE(curve.Pieces[0].first().x(), 0);
+  EXPECT_TRUE(curve.Ends.empty());  // a domain edge is no bound of a condition
+}
+
+TEST(CurveSampler, NoLineJoinsTheBranchesOfTanOrOneOverX) {
+  const SampledCurve tan = Explicit("y=tan(x)").Sample(kView);
+  EXPECT_EQ(tan.Pieces.size(), 7u);  // six poles in [-10, 10]
+  for (const QPolygonF& piece : tan.Pieces) {
+    for (qsizetype i = 1; i < piece.size(); ++i) {
+      // Consecutive points on the same side of every pole.
+      // tan is sin/cos, whose poles lie at the true odd multiples of pi/2.
+      const double k0 = std::floor((piece[i - 1].x() - M_PI / 2) / M_PI);
+      const double k1 = std::floor((piece[i].x() - M_PI / 2) / M_PI);
+      EXPECT_EQ(k0, k1) << piece[i - 1].x() << " to " << piece[i].x();
+    }
+  }
+  EXPECT_EQ(Explicit("y=1/x").Sample(kView).Pieces.size(), 2u);
+  EXPECT_EQ(Explicit("y=1/(x^2-1)").Sample(kView).Pieces.size(), 3u);
+}
+
+TEST(CurveSampler, StepsOfFixAreNotJoined) {
+  const SampledCurve steps = Explicit("y=fix(x)").Sample(kView);
+  EXPECT_EQ(steps.Pieces.size(), 19u);  // -9 to 9; the steps -10 and 10 touch the view in a point
+  for (const QPolygonF& piece : steps.Pieces) {
+    for (const QPointF& p : piece) EXPECT_EQ(p.y(), piece.first().y());
+  }
+}
+
+TEST(CurveSampler, SmoothAtAnyZoom) {
+  // The polyline strays from the true curve by well under a pixel between its points.
+  for (const double zoom : {1.0, 1e-3, 1e3}) {
+    const ViewTransform view(-10 * zoom, 10 * zoom, -2, 2, QSize(800, 600));
+    const SampledCurve curve = Explicit(QString("y=sin(x/%1)").arg(zoom)).Sample(view);
+    ASSERT_EQ(curve.Pieces.size(), 1u);
+    const QPolygonF& p = curve.Pieces[0];
+    for (qsizetype i = 1; i < p.size(); ++i) {
+      const double mx = (p[i - 1].x() + p[i].x()) / 2;
+      const double chordY = (p[i - 1].y() + p[i].y()) / 2;
+      const double error = std::abs(view.ToPixelY(std::sin(mx / zoom)) - view.ToPixelY(chordY));
+      ASSERT_LT(error, 0.6) << "zoom " << zoom << " at x=" << mx;
+    }
+  }
+}
+
+TEST(CurveSampler, PolarAndParametric) {
+  ParsedLine x = ParseExpression("cos(t)");
+  ParsedLine y = ParseExpression("sin(x)");  // the parameter may be written x
+  CurveSource source;
+  source.Kind = CurveSource::Mode::Parametric;
+  source.First = BlockProgram(x.Tree, x.Right);
+  source.Second = BlockProgram(y.Tree, y.Right);
+  const SampledCurve circle = CurveSampler(source, kView, 100).Sample(0, 6.28318530717958, 500);
+  ASSERT_EQ(circle.Pieces.size(), 1u);
+  for (const QPointF& p : circle.Pieces[0]) EXPECT_NEAR(std::hypot(p.x(), p.y()), 1, 1e-12);
+}
+
+TEST(ImplicitTracer, CurvesComeOutWholeAndOnTheirEquation) {
+  struct Case {
+    const char* line;
+    double (*f)(double, double);
+    double tolerance;
+  };
+  const Case cases[] = {
+      {"x^2+y^2=25", [](double x, double y) { return x * x + y * y - 25; }, 0.05},
+      {"x^2-y^2=1", [](double x, double y) { return x * x - y * y - 1; }, 0.05},
+      {"sin(x)=cos(y)", [](double x, double y) { return std::sin(x) - std::cos(y); }, 0.01},
+      {"(x^2+y^2-1)^3=x^2*y^3", [](double x, double y) { return std::pow(x * x + y * y - 1, 3) - x * x * y * y * y; }, 0.01},
+      {"tan(x*y)=1", [](double x, double y) { return std::tan(x * y) - 1; }, 0.2},
+  };
+  for (const Case& c : cases) {
+    const ParsedLine line = ParseLine(c.line);
+    ASSERT_TRUE(line.Ok());
+    ExpressionTree tree = line.Tree;
+    const BlockProgram difference(tree, tree.AddBinary(NodeKind::Subtract, line.Left, line.Right));
+    const ViewTransform view(-6, 6, -6, 6, QSize(600, 600));
+    const auto lines = ImplicitTracer(difference, view, 100).Trace();
+    EXPECT_FALSE(lines.empty()) << "nothing traced for " << c.line;
+    for (const QPolygonF& polyline : lines) {
+      for (const QPointF& p : polyline) {
+        ASSERT_LT(std::abs(c.f(p.x(), p.y())), c.tolerance) << c.line << " at " << p.x() << "," << p.y();
+      }
+    }
+  }
+}
+
+TEST(ImplicitTracer, ACircleIsOneClosedLine) {
+  const ParsedLine line = ParseLine("x^2+y^2=4");
+  ExpressionTree tree = line.Tree;
+  const BlockProgram difference(tree, tree.AddBinary(NodeKind::Subtract, line.Left, line.Right));
+  const auto lines = ImplicitTracer(difference, ViewTransform(-3, 3, -3, 3, QSize(600, 600)), 100).Trace();
+  ASSERT_EQ(lines.size(), 1u);
+  EXPECT_LT(QLineF(lines[0].first(), lines[0].last()).length(), 0.05);
+}
