@@ -74,6 +74,22 @@ void FunctionItem::Classify() {
   }
   if (m_kind == 4) {
     m_difference = BlockProgram(tree, tree.AddBinary(NodeKind::Subtract, m_line.Left, right));
+    const auto isZero = [&](int index) { return tree.At(index).Kind == NodeKind::Number && tree.At(index).Number == 0; };
+    const int product = isZero(right) ? m_line.Left : isZero(m_line.Left) ? right : -1;
+    if (product >= 0 && tree.At(product).Kind == NodeKind::Multiply) {
+      std::vector<int> pending{product};
+      while (!pending.empty()) {
+        const int index = pending.back();
+        pending.pop_back();
+        const Node& n = tree.At(index);
+        if (n.Kind == NodeKind::Multiply) {
+          pending.push_back(n.B);
+          pending.push_back(n.A);
+        } else {
+          m_factors.emplace_back(tree, index);
+        }
+      }
+    }
   } else {
     m_source.First = BlockProgram(tree, right);
   }
@@ -174,10 +190,19 @@ void FunctionItem::Shade(const SampledCurve& curve, const ViewTransform& view, D
 }
 
 void FunctionItem::DrawImplicit(const ViewTransform& view, int quality, Drawing& drawing) const {
-  ImplicitTracer tracer(m_difference, view, quality);
-  if (m_source.HasCondition) tracer.SetCondition(&m_source.Condition);
   ShadeImplicit(view, quality, drawing);
-  drawing.Curves.push_back({tracer.Trace(), m_options.Color, m_options.Line});
+  std::vector<QPolygonF> lines;
+  const auto trace = [&](const BlockProgram& zeroSet) {
+    ImplicitTracer tracer(zeroSet, view, quality);
+    if (m_source.HasCondition) tracer.SetCondition(&m_source.Condition);
+    for (QPolygonF& line : tracer.Trace()) lines.push_back(std::move(line));
+  };
+  if (m_factors.empty()) {
+    trace(m_difference);
+  } else {
+    for (const BlockProgram& factor : m_factors) trace(factor);
+  }
+  drawing.Curves.push_back({std::move(lines), m_options.Color, m_options.Line});
 }
 
 // The side where F > G (or F < G), cell by cell at about two pixels, as a translucent image.

@@ -46,6 +46,9 @@ private:
   int m_kind = 0;
   CurveSource m_source;
   BlockProgram m_difference;  // F - G of an implicit curve
+  // For F1*F2*...*Fn = 0, the factors, each traced on its own: a product is zero where one of
+  // its factors is, even where another one is undefined (the pieces of a "Batman" equation).
+  std::vector<BlockProgram> m_factors;
 };
 
 }  // namespace plot2d

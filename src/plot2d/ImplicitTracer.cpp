@@ -133,20 +133,62 @@ std::vector<ImplicitTracer::Cell> ImplicitTracer::Contour(const std::vector<Cell
   std::vector<Crossing> crossings;
   std::vector<std::array<int, 2>> pairs;  // indices into crossings, per segment
   std::vector<Cell> neighbours;
+  // Edges with one undefined end: the domain's boundary on them, found by bisection from the
+  // defined end, stands in for the undefined corner.
+  struct Boundary {
+    QPointF Defined, Undefined;
+    double Value;
+  };
+  std::vector<Boundary> boundaries;
+  std::vector<std::array<int, 4>> boundaryOf(leaves.size(), {-1, -1, -1, -1});
+  for (size_t i = 0; i < leaves.size(); ++i) {
+    const double* f = &v[i * 5];
+    for (int k = 0; k < 4; ++k) {
+      const int k1 = (k + 1) % 4;
+      if (std::isnan(f[k]) == std::isnan(f[k1])) continue;
+      const int defined = std::isnan(f[k]) ? k1 : k;
+      const int undefined = std::isnan(f[k]) ? k : k1;
+      boundaryOf[i][static_cast<size_t>(k)] = static_cast<int>(boundaries.size());
+      boundaries.push_back({QPointF(xs[i * 5 + static_cast<size_t>(defined)], ys[i * 5 + static_cast<size_t>(defined)]),
+                            QPointF(xs[i * 5 + static_cast<size_t>(undefined)], ys[i * 5 + static_cast<size_t>(undefined)]),
+                            f[defined]});
+    }
+  }
+  for (int step = 0; step < 24 && !boundaries.empty(); ++step) {
+    std::vector<double> bx, by;
+    for (const Boundary& b : boundaries) {
+      const QPointF m = (b.Defined + b.Undefined) / 2;
+      bx.push_back(m.x()), by.push_back(m.y());
+    }
+    const std::vector<double> bv = Values(bx, by);
+    for (size_t j = 0; j < boundaries.size(); ++j) {
+      const QPointF m(bx[j], by[j]);
+      if (std::isnan(bv[j])) boundaries[j].Undefined = m;
+      else boundaries[j].Defined = m, boundaries[j].Value = bv[j];
+    }
+  }
+
   for (size_t i = 0; i < leaves.size(); ++i) {
     const double* f = &v[i * 5];
     int edgeCrossing[4] = {-1, -1, -1, -1};
     int count = 0;
     for (int k = 0; k < 4; ++k) {
       const int k1 = (k + 1) % 4;
-      if (std::isnan(f[k]) || std::isnan(f[k1]) || (f[k] > 0) == (f[k1] > 0)) continue;
       const bool forward = k < 2;  // edges 0 and 1 run away from the lower left; 2 and 3 towards it
       const int from = forward ? k : k1;
       const int to = forward ? k1 : k;
-      const QPointF a(xs[i * 5 + static_cast<size_t>(from)], ys[i * 5 + static_cast<size_t>(from)]);
-      const QPointF b(xs[i * 5 + static_cast<size_t>(to)], ys[i * 5 + static_cast<size_t>(to)]);
+      QPointF a(xs[i * 5 + static_cast<size_t>(from)], ys[i * 5 + static_cast<size_t>(from)]);
+      QPointF b(xs[i * 5 + static_cast<size_t>(to)], ys[i * 5 + static_cast<size_t>(to)]);
+      double fa = f[from];
+      double fb = f[to];
+      if (const int j = boundaryOf[i][static_cast<size_t>(k)]; j >= 0) {
+        // The undefined end moves in to the domain's boundary.
+        if (std::isnan(fa)) a = boundaries[static_cast<size_t>(j)].Defined, fa = boundaries[static_cast<size_t>(j)].Value;
+        else b = boundaries[static_cast<size_t>(j)].Defined, fb = boundaries[static_cast<size_t>(j)].Value;
+      }
+      if (std::isnan(fa) || std::isnan(fb) || (fa > 0) == (fb > 0)) continue;
       edgeCrossing[k] = static_cast<int>(crossings.size());
-      crossings.push_back({a, b, f[from], f[to], a});
+      crossings.push_back({a, b, fa, fb, a});
       neighbours.push_back({leaves[i].X + kAcross[static_cast<size_t>(k)][0], leaves[i].Y + kAcross[static_cast<size_t>(k)][1], 1});
       ++count;
     }

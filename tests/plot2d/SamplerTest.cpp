@@ -1,6 +1,7 @@
 #include "plot2d/CurveSampler.h"
 #include "plot2d/ImplicitTracer.h"
 #include "plot2d/LineParser.h"
+#include "plot2d/Plot.h"
 
 #include <gtest/gtest.h>
 
@@ -152,4 +153,35 @@ TEST(ImplicitTracer, ACircleIsOneClosedLine) {
   const auto lines = ImplicitTracer(difference, ViewTransform(-3, 3, -3, 3, QSize(600, 600)), 100).Trace();
   ASSERT_EQ(lines.size(), 1u);
   EXPECT_LT(QLineF(lines[0].first(), lines[0].last()).length(), 0.05);
+}
+
+// A product of factors, each defined on its own piece: every piece is drawn, up to the corners
+// where a piece meets the edge of its domain.
+TEST(ImplicitTracer, ThePiecesOfABatmanEquationComeOutWhole) {
+  const char* batman =
+      "((x/7)^2*sqrt(abs(abs(x)-3)/(abs(x)-3))+(y/3)^2*sqrt(abs(y+3*sqrt(33)/7)/(y+3*sqrt(33)/7))-1)"
+      "*(abs(x/2)-((3*sqrt(33)-7)/112)*x^2-3+sqrt(1-(abs(abs(x)-2)-1)^2)-y)"
+      "*(9*sqrt(abs((abs(x)-1)*(abs(x)-0.75))/((1-abs(x))*(abs(x)-0.75)))-8*abs(x)-y)"
+      "*(3*abs(x)+0.75*sqrt(abs((abs(x)-0.75)*(abs(x)-0.5))/((0.75-abs(x))*(abs(x)-0.5)))-y)"
+      "*(2.25*sqrt(abs((x-0.5)*(x+0.5))/((0.5-x)*(0.5+x)))-y)"
+      "*(6*sqrt(10)/7+(1.5-0.5*abs(x))*sqrt(abs(abs(x)-1)/(abs(x)-1))-(6*sqrt(10)/14)*sqrt(4-(abs(x)-1)^2)-y)=0";
+  plot2d::Plot plot;
+  plot.SetSize(QSize(900, 500));
+  plot.SetXMin(-8), plot.SetXMax(8), plot.SetYMin(-4), plot.SetYMax(4);
+  std::int32_t kind = 0;
+  plot.AddFunction(1, batman, 255, false, kind, false, false, false, 0);
+  EXPECT_EQ(kind, 4);
+  plot.Redraw();
+  ASSERT_EQ(plot.LastDrawing().Curves.size(), 1u);
+  const auto& lines = plot.LastDrawing().Curves[0].Pieces;
+  // Landmarks of the outline: the wing tips, the shoulder corners, the ears, the bottom point.
+  const QPointF landmarks[] = {{7, 0}, {-7, 0}, {3, 6 * std::sqrt(10.0) / 7}, {-3, 6 * std::sqrt(10.0) / 7},
+                               {0.75, 3}, {-0.75, 3}, {0, 2.25}, {0, -2.75}};
+  for (const QPointF& landmark : landmarks) {
+    double nearest = 1e9;
+    for (const QPolygonF& line : lines) {
+      for (const QPointF& p : line) nearest = std::min(nearest, QLineF(p, landmark).length());
+    }
+    EXPECT_LT(nearest, 0.05) << landmark.x() << "," << landmark.y();
+  }
 }
