@@ -19,9 +19,9 @@ public:
     // With repetitions the median stands for the benchmark; without, its one run.
     for (const Run& run : runs) {
       if (run.run_type == Run::RT_Iteration) {
-        m_times[run.run_name.function_name] = run.GetAdjustedRealTime();
+        m_times[run.run_name.str()] = run.GetAdjustedRealTime();
       } else if (run.aggregate_name == "median") {
-        m_times[run.run_name.function_name] = run.GetAdjustedRealTime();
+        m_times[run.run_name.str()] = run.GetAdjustedRealTime();
       }
     }
     ConsoleReporter::ReportRuns(runs);

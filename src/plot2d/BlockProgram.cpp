@@ -1,5 +1,6 @@
 #include "BlockProgram.h"
 
+#include "ElementKernels.h"
 #include "VectorMath.h"
 
 #include "numeric/NumericKernel.h"
@@ -113,10 +114,15 @@ double BlockProgram::At(double x, double y, double t, double theta, double r) co
 
 void BlockProgram::EvaluateBlock(const Inputs& inputs, std::size_t offset, std::size_t n, double* out,
                                  double* scratch) const {
-  for (const Instruction& instruction : m_code) Run(instruction, inputs, offset, n, scratch);
+  // The last instruction computes the result: it writes straight into out.
+  for (size_t i = 0; i < m_code.size(); ++i) {
+    const bool last = i + 1 == m_code.size();
+    double* target = last ? out : scratch + static_cast<size_t>(m_code[i].Target) * kBlock;
+    Run(m_code[i], inputs, offset, n, scratch, target);
+  }
   switch (m_result.Kind) {
     case SourceKind::Constant: std::fill(out, out + n, m_result.Value); break;
-    case SourceKind::Register: std::copy_n(scratch + static_cast<size_t>(m_result.Index) * kBlock, n, out); break;
+    case SourceKind::Register: break;  // written by the last instruction
     case SourceKind::Variable: {
       const double* v = inputs[static_cast<size_t>(m_result.Index)];
       if (v) std::copy_n(v + offset, n, out);
@@ -126,7 +132,7 @@ void BlockProgram::EvaluateBlock(const Inputs& inputs, std::size_t offset, std::
 }
 
 void BlockProgram::Run(const Instruction& in, const Inputs& inputs, std::size_t offset, std::size_t n,
-                       double* scratch) const {
+                       double* scratch, double* out) const {
   const auto pointer = [&](const Source& s) -> const double* {
     switch (s.Kind) {
       case SourceKind::Register: return scratch + static_cast<size_t>(s.Index) * kBlock;
@@ -141,25 +147,18 @@ void BlockProgram::Run(const Instruction& in, const Inputs& inputs, std::size_t 
   const double* b = pointer(in.B);
   const double ca = in.A.Value;
   const double cb = in.B.Value;
-  double* out = scratch + static_cast<size_t>(in.Target) * kBlock;
   const VectorKernels& k = Kernels();
+  const ElementKernels& e = ChosenElementKernels();
   switch (in.Kind) {
-    case NodeKind::Add: return Binary(a, ca, b, cb, out, n, [](double x, double y) { return Clean(x + y); });
-    case NodeKind::Subtract: return Binary(a, ca, b, cb, out, n, [](double x, double y) { return Clean(x - y); });
-    case NodeKind::Multiply: return Binary(a, ca, b, cb, out, n, [](double x, double y) { return Clean(x * y); });
-    case NodeKind::Divide: return Binary(a, ca, b, cb, out, n, [](double x, double y) { return Clean(x / y); });
     case NodeKind::Power:
-      if (!b && cb == 2) return Binary(a, ca, b, cb, out, n, [](double x, double) { return Clean(x * x); });
+      // Small whole exponents by multiplication, a half by the square root: the loops vectorise.
+      if (a && !b && (cb == 2 || cb == 3 || cb == 4 || cb == 0.5)) return e.PowerBy(cb, a, out, n);
       return Binary(a, ca, b, cb, out, n, [](double x, double y) { return numeric::Power(x, y); });
     case NodeKind::Negate:
       if (!a) return std::fill(out, out + n, -ca);
-      for (std::size_t i = 0; i < n; ++i) out[i] = -a[i];
-      return;
+      return e.Scale(a, -1.0, out, n);
     case NodeKind::Call: break;
-    default: {
-      const NodeKind kind = in.Kind;
-      return Binary(a, ca, b, cb, out, n, [kind](double x, double y) { return ApplyBinary(kind, x, y); });
-    }
+    default: return e.Binary(in.Kind, a, ca, b, cb, out, n);
   }
   // Functions of one argument: a constant argument was folded, so a is an array here, unless
   // the function is a random number.
@@ -173,38 +172,23 @@ void BlockProgram::Run(const Instruction& in, const Inputs& inputs, std::size_t 
     case Function::Exp: {
       // A power of the 15-digit e, as the program defines exp.
       static const double logE = LogOfE();
-      for (std::size_t i = 0; i < n; ++i) out[i] = a[i] * logE;
+      e.Scale(a, logE, out, n);
       k.Exp(out, out, n);
       break;
     }
     case Function::Ln: k.Log(a, out, n); break;
-    case Function::Tan: {
-      // out may be a's own register: the cosines are taken before the sines overwrite a.
-      thread_local std::array<double, kBlock> cosines;
-      k.Cos(a, cosines.data(), n);
-      k.Sin(a, out, n);
-      for (std::size_t i = 0; i < n; ++i) out[i] = cosines[i] == 0 ? kNaN : out[i] / cosines[i];
-      break;
-    }
+    case Function::Tan: k.Tan(a, out, n); break;
     case Function::Sqrt:
     case Function::Sqr:
-      for (std::size_t i = 0; i < n; ++i) out[i] = std::sqrt(a[i]);
-      break;
     case Function::Abs:
-      for (std::size_t i = 0; i < n; ++i) out[i] = std::abs(a[i]);
-      break;
     case Function::Int:
-      for (std::size_t i = 0; i < n; ++i) out[i] = std::floor(a[i]);
-      break;
     case Function::Fix:
-      for (std::size_t i = 0; i < n; ++i) out[i] = std::trunc(a[i]);
-      break;
-    case Function::Identity: std::copy_n(a, n, out); break;
+    case Function::Identity: return e.Simple(in.Fn, a, out, n);
     default:
       for (std::size_t i = 0; i < n; ++i) out[i] = ApplyFunction(in.Fn, a[i], b ? b[i] : cb);
       return;
   }
-  for (std::size_t i = 0; i < n; ++i) out[i] = Clean(out[i]);
+  e.Clean(out, n);
 }
 
 }  // namespace plot2d

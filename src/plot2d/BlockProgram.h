@@ -45,7 +45,7 @@ private:
 
   void EvaluateBlock(const Inputs& inputs, std::size_t offset, std::size_t n, double* out, double* scratch) const;
   void Run(const Instruction& instruction, const Inputs& inputs, std::size_t offset, std::size_t n,
-           double* scratch) const;
+           double* scratch, double* out) const;
 
   std::vector<Instruction> m_code;
   int m_registers = 0;

@@ -16,7 +16,9 @@ double Cos(double x) { return std::cos(x); }
 double Exp(double x) { return std::exp(x); }
 double Log(double x) { return std::log(x); }
 
-const VectorKernels kScalar{Each<Sin>, Each<Cos>, Each<Exp>, Each<Log>, "scalar"};
+double Tan(double x) { return std::sin(x) / std::cos(x); }
+
+const VectorKernels kScalar{Each<Sin>, Each<Cos>, Each<Exp>, Each<Log>, Each<Tan>, "scalar"};
 
 }  // namespace
 

@@ -22,12 +22,19 @@ void Each4(const double* in, double* out, std::size_t n) {
   }
 }
 
-__m256d Sin(__m256d x) { return Sleef_sind4_u10avx2(x); }
-__m256d Cos(__m256d x) { return Sleef_cosd4_u10avx2(x); }
-__m256d Exp(__m256d x) { return Sleef_expd4_u10avx2(x); }
-__m256d Log(__m256d x) { return Sleef_logd4_u10avx2(x); }
+// glibc's vector functions (libmvec); SLEEF's logarithm, which is the faster of the two there.
+extern "C" __m256d _ZGVdN4v_sin(__m256d);
+extern "C" __m256d _ZGVdN4v_cos(__m256d);
+extern "C" __m256d _ZGVdN4v_tan(__m256d);
+extern "C" __m256d _ZGVdN4v_exp(__m256d);
 
-const VectorKernels kAvx2{Each4<Sin>, Each4<Cos>, Each4<Exp>, Each4<Log>, "avx2+sleef"};
+__m256d Sin(__m256d x) { return _ZGVdN4v_sin(x); }
+__m256d Cos(__m256d x) { return _ZGVdN4v_cos(x); }
+__m256d Tan(__m256d x) { return _ZGVdN4v_tan(x); }
+__m256d Exp(__m256d x) { return _ZGVdN4v_exp(x); }
+__m256d Log(__m256d x) { return Sleef_logd4_u35avx2(x); }
+
+const VectorKernels kAvx2{Each4<Sin>, Each4<Cos>, Each4<Exp>, Each4<Log>, Each4<Tan>, "avx2"};
 
 }  // namespace
 
