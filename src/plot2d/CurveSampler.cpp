@@ -7,7 +7,7 @@ namespace plot2d {
 
 namespace {
 
-enum GapState : std::uint8_t { kOpen, kDone, kBroken };
+enum GapState : std::uint8_t { kDone, kBroken };
 
 constexpr int kMaxRounds = 64;
 // A gap whose parameter interval is this many halvings below the first spacing is not split
@@ -37,7 +37,8 @@ CurveSampler::CurveSampler(const CurveSource& source, const ViewTransform& view,
 }
 
 int CurveSampler::SamplesFor(double pixels, int quality) {
-  const double count = pixels * std::clamp(quality, 1, 100) / 100.0;
+  // One even sample every two pixels; the refinement adds what the curve's bends call for.
+  const double count = pixels / 2 * std::clamp(quality, 1, 100) / 100.0;
   return static_cast<int>(std::clamp(count, 16.0, 20000.0));
 }
 
@@ -125,64 +126,54 @@ SampledCurve CurveSampler::Sample(double from, double to, int initialSamples) co
   for (int i = 0; i <= count; ++i) parameters[static_cast<size_t>(i)] = from + (to - from) * i / count;
   std::vector<Point> points;
   Evaluate(parameters, points);
-  std::vector<std::uint8_t> gaps(points.size() - 1, kOpen);
   const double finest = std::abs(to - from) / count * kFinestSplit;
 
-  std::vector<size_t> candidates;
+  // Only the intervals still being looked into are kept from round to round; every new point
+  // goes to the end, and all are put in order once at the end.
+  struct Interval {
+    Point A, B;
+  };
+  std::vector<Interval> open;
+  std::vector<double> brokenAt;  // the left parameter of every jump
+  const auto examine = [&](const Point& a, const Point& b) {
+    const bool bothValid = a.Valid() && b.Valid();
+    if (std::abs(b.S - a.S) <= finest) {
+      if (bothValid && Distance(a.Px, a.Py, b.Px, b.Py) > kJumpPixels) brokenAt.push_back(a.S);
+      return;
+    }
+    const bool edge = a.Valid() != b.Valid();
+    const bool worth = bothValid && !OffScreenTogether(a, b) && Distance(a.Px, a.Py, b.Px, b.Py) > m_shortest;
+    if (edge || worth) open.push_back({a, b});
+  };
+  for (size_t i = 0; i + 1 < points.size(); ++i) examine(points[i], points[i + 1]);
+
   std::vector<double> middles;
   std::vector<Point> midpoints;
-  for (int round = 0; round < kMaxRounds; ++round) {
-    candidates.clear();
+  for (int round = 0; round < kMaxRounds && !open.empty(); ++round) {
     middles.clear();
-    for (size_t i = 0; i < gaps.size(); ++i) {
-      if (gaps[i] != kOpen) continue;
-      const Point& a = points[i];
-      const Point& b = points[i + 1];
-      const bool bothValid = a.Valid() && b.Valid();
-      if (std::abs(b.S - a.S) <= finest) {
-        gaps[i] = bothValid && Distance(a.Px, a.Py, b.Px, b.Py) > kJumpPixels ? kBroken : kDone;
-        continue;
-      }
-      const bool edge = a.Valid() != b.Valid();
-      const bool worth = bothValid && !OffScreenTogether(a, b) && Distance(a.Px, a.Py, b.Px, b.Py) > m_shortest;
-      if (!edge && !worth) {
-        gaps[i] = kDone;
-        continue;
-      }
-      candidates.push_back(i);
-      middles.push_back((a.S + b.S) / 2);
-    }
-    if (candidates.empty()) break;
+    for (const Interval& interval : open) middles.push_back((interval.A.S + interval.B.S) / 2);
     Evaluate(middles, midpoints);
-
-    std::vector<Point> nextPoints;
-    std::vector<std::uint8_t> nextGaps;
-    nextPoints.reserve(points.size() + candidates.size());
-    nextGaps.reserve(gaps.size() + candidates.size());
-    size_t c = 0;
-    for (size_t i = 0; i < points.size(); ++i) {
-      nextPoints.push_back(points[i]);
-      if (i + 1 == points.size()) break;
-      if (c < candidates.size() && candidates[c] == i) {
-        const Point& a = points[i];
-        const Point& b = points[i + 1];
-        const Point& m = midpoints[c];
-        std::uint8_t state = kOpen;
-        if (a.Valid() && b.Valid() && m.Valid()) {
-          const double chord = Distance(a.Px, a.Py, b.Px, b.Py);
-          const bool straight = Deviation(a.Px, a.Py, b.Px, b.Py, m.Px, m.Py) <= m_tolerance;
-          if (straight && chord <= m_longest) state = kDone;
-        }
-        nextPoints.push_back(m);
-        nextGaps.push_back(state);
-        nextGaps.push_back(state);
-        ++c;
-      } else {
-        nextGaps.push_back(gaps[i]);
+    std::vector<Interval> current;
+    current.swap(open);
+    for (size_t i = 0; i < current.size(); ++i) {
+      const Point& a = current[i].A;
+      const Point& b = current[i].B;
+      const Point& m = midpoints[i];
+      points.push_back(m);
+      // A straight, short piece is done; anything else is looked into again.
+      if (a.Valid() && b.Valid() && m.Valid() && Distance(a.Px, a.Py, b.Px, b.Py) <= m_longest &&
+          Deviation(a.Px, a.Py, b.Px, b.Py, m.Px, m.Py) <= m_tolerance) {
+        continue;
       }
+      examine(a, m);
+      examine(m, b);
     }
-    points.swap(nextPoints);
-    gaps.swap(nextGaps);
+  }
+  std::sort(points.begin(), points.end(), [](const Point& p, const Point& q) { return p.S < q.S; });
+  std::sort(brokenAt.begin(), brokenAt.end());
+  std::vector<std::uint8_t> gaps(points.size() - 1, kDone);
+  for (size_t i = 0; i + 1 < points.size(); ++i) {
+    if (std::binary_search(brokenAt.begin(), brokenAt.end(), points[i].S)) gaps[i] = kBroken;
   }
   return Assemble(points, gaps);
 }

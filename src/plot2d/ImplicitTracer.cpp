@@ -28,7 +28,9 @@ constexpr std::array<std::array<int, 2>, 4> kAcross = {{{0, -1}, {1, 0}, {0, 1},
 
 ImplicitTracer::ImplicitTracer(const BlockProgram& difference, const ViewTransform& view, int quality)
     : m_difference(difference), m_view(view) {
-  const double leafPixels = std::max(1.0, 100.0 / std::clamp(quality, 1, 100));
+  // Leaves of two pixels at full quality: the crossings are refined to the curve itself, so the
+  // chord across a leaf strays from a smooth curve by a small fraction of a pixel.
+  const double leafPixels = std::max(2.0, 200.0 / std::clamp(quality, 1, 100));
   m_leafWidth = leafPixels * view.XPerPixel();
   m_leafHeight = leafPixels * view.YPerPixel();
   m_columns = static_cast<int>(std::ceil(view.Width() / leafPixels / kCoarse)) * kCoarse;

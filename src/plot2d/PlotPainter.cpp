@@ -1,6 +1,7 @@
 #include "PlotPainter.h"
 
 #include "AxisTicks.h"
+#include "CurveRasterizer.h"
 
 #include <QFont>
 #include <QFontMetricsF>
@@ -15,8 +16,6 @@ namespace {
 
 constexpr double kTick = 4;
 constexpr double kLabelGap = 4;
-// Long antialiased thick polylines are slow to stroke in one piece; short ones are not.
-constexpr int kChunk = 48;
 
 QFont NumberFont() {
   QFont font;
@@ -50,6 +49,37 @@ bool Clip(QPointF& a, QPointF& b, const QRectF& rect) {
   a = start + t0 * QPointF(dx, dy);
   b = start + t1 * QPointF(dx, dy);
   return true;
+}
+
+// Leaves out the points that lie within a fraction of a pixel of the line through their
+// neighbours, so that the rasterizer strokes long segments rather than many short ones.
+QPolygonF Simplified(const QPolygonF& line) {
+  constexpr double kTolerance = 0.15;
+  constexpr qsizetype kLongestRun = 64;
+  if (line.size() < 3) return line;
+  QPolygonF kept;
+  kept.reserve(line.size());
+  qsizetype anchor = 0;
+  kept << line[0];
+  for (qsizetype j = 2; j < line.size(); ++j) {
+    const QPointF a = line[anchor];
+    const QPointF d = line[j] - a;
+    const double length = std::hypot(d.x(), d.y());
+    bool straight = j - anchor <= kLongestRun;
+    for (qsizetype i = anchor + 1; i < j && straight; ++i) {
+      const QPointF e = line[i] - a;
+      const double off = length > 0 ? std::abs(d.x() * e.y() - d.y() * e.x()) / length : std::hypot(e.x(), e.y());
+      // The point must also lie between the ends, or the line would turn back on itself.
+      const double along = d.x() * e.x() + d.y() * e.y();
+      straight = off <= kTolerance && along >= 0 && along <= length * length;
+    }
+    if (!straight) {
+      anchor = j - 1;
+      kept << line[anchor];
+    }
+  }
+  kept << line.last();
+  return kept;
 }
 
 }  // namespace
@@ -194,49 +224,51 @@ void PlotPainter::Numbers(QPainter& painter, double xStep, double yStep) const {
   }
 }
 
+// Curves go through the rasterizer into a transparent layer, which is then drawn: the painter
+// may paint on anything, and its own state is left alone.
 void PlotPainter::Curves(QPainter& painter, const Drawing& drawing) const {
+  if (drawing.Curves.empty()) return;
+  QImage layer(m_view.Width(), m_view.Height(), QImage::Format_ARGB32_Premultiplied);
+  layer.fill(Qt::transparent);
+  CurveRasterizer rasterizer(layer);
   for (const Drawing::Curve& curve : drawing.Curves) {
-    QPen pen(curve.Color, m_style.Thickness);
-    pen.setCapStyle(Qt::RoundCap);
-    pen.setJoinStyle(Qt::RoundJoin);
-    if (curve.Line == Drawing::Style::Dashed) pen.setStyle(Qt::DashLine);
-    if (curve.Line == Drawing::Style::Dotted) pen.setStyle(Qt::DotLine), pen.setCapStyle(Qt::FlatCap);
-    painter.setPen(pen);
-    painter.setBrush(Qt::NoBrush);
-    for (const QPolygonF& piece : curve.Pieces) Polyline(painter, piece);
+    std::vector<QPolygonF> lines;
+    for (const QPolygonF& piece : curve.Pieces) {
+      for (QPolygonF& run : Visible(piece)) lines.push_back(std::move(run));
+    }
+    rasterizer.Stroke(lines, curve.Color, m_style.Thickness, curve.Line);
   }
+  painter.drawImage(QPointF(0, 0), layer);
 }
 
-// Maps a piece to pixels, keeps what lies within the view (with a margin for the pen) and strokes
-// it in short overlapping chunks.
-void PlotPainter::Polyline(QPainter& painter, const QPolygonF& piece) const {
-  if (piece.size() < 2) return;
+std::vector<QPolygonF> PlotPainter::Visible(const QPolygonF& piece) const {
+  std::vector<QPolygonF> runs;
+  if (piece.size() < 2) return runs;
   const double margin = m_style.Thickness + 2;
   const QRectF bounds(-margin, -margin, m_view.Width() + 2 * margin, m_view.Height() + 2 * margin);
   QPolygonF run;
-  const auto flush = [&] {
-    for (qsizetype start = 0; start + 1 < run.size(); start += kChunk) {
-      const qsizetype count = std::min<qsizetype>(kChunk + 1, run.size() - start);
-      painter.drawPolyline(run.constData() + start, static_cast<int>(count));
-    }
-    run.clear();
-  };
   QPointF previous = m_view.ToPixel(piece[0].x(), piece[0].y());
   for (qsizetype i = 1; i < piece.size(); ++i) {
     const QPointF current = m_view.ToPixel(piece[i].x(), piece[i].y());
     QPointF a = previous, b = current;
     if (Clip(a, b, bounds)) {
       if (run.isEmpty() || run.last() != a) {
-        flush();
+        if (run.size() > 1) runs.push_back(run);
+        run.clear();
         run << a;
       }
       run << b;
+    } else if (run.size() > 1) {
+      runs.push_back(run);
+      run.clear();
     } else {
-      flush();
+      run.clear();
     }
     previous = current;
   }
-  flush();
+  if (run.size() > 1) runs.push_back(run);
+  for (QPolygonF& r : runs) r = Simplified(r);
+  return runs;
 }
 
 void PlotPainter::Dots(QPainter& painter, const Drawing& drawing) const {

@@ -38,7 +38,8 @@ private:
   void Axes(QPainter& painter, double xStep, double yStep) const;
   void Numbers(QPainter& painter, double xStep, double yStep) const;
   void Curves(QPainter& painter, const Drawing& drawing) const;
-  void Polyline(QPainter& painter, const QPolygonF& piece) const;
+  // A piece in pixels, cut to what lies within the view and a margin for the pen.
+  std::vector<QPolygonF> Visible(const QPolygonF& piece) const;
   void Dots(QPainter& painter, const Drawing& drawing) const;
   void Labels(QPainter& painter, const Drawing& drawing) const;
   double XStep(const QFontMetricsF& metrics) const;

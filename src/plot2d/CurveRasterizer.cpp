@@ -1,0 +1,112 @@
+#include "CurveRasterizer.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace plot2d {
+
+CurveRasterizer::CurveRasterizer(QImage& target)
+    : m_image(target), m_bits(target.bits()), m_stride(target.bytesPerLine()), m_width(target.width()),
+      m_height(target.height()),
+      m_stamp(static_cast<size_t>(m_width) * static_cast<size_t>(m_height), 0),
+      m_coverage(m_stamp.size(), 0) {}
+
+bool CurveRasterizer::CanDrawInto(const QImage& image) {
+  return image.format() == QImage::Format_ARGB32_Premultiplied || image.format() == QImage::Format_RGB32;
+}
+
+void CurveRasterizer::Stroke(const std::vector<QPolygonF>& lines, QColor color, double width, Drawing::Style style) {
+  if (++m_curve == 0) {  // the stamps wrapped round: start them again
+    std::fill(m_stamp.begin(), m_stamp.end(), 0);
+    m_curve = 1;
+  }
+  m_touched.clear();
+  const double radius = std::max(0.5, width / 2);
+  // The pen patterns of a dashed and a dotted line, in multiples of the width.
+  Pattern pattern;
+  if (style == Drawing::Style::Dashed) pattern = {4 * std::max(1.0, width), 6 * std::max(1.0, width)};
+  if (style == Drawing::Style::Dotted) pattern = {std::max(1.0, width), 3 * std::max(1.0, width)};
+  for (const QPolygonF& line : lines) {
+    double arc = 0;
+    for (qsizetype i = 1; i < line.size(); ++i) {
+      Segment(line[i - 1], line[i], radius, arc, pattern);
+      arc += std::hypot(line[i].x() - line[i - 1].x(), line[i].y() - line[i - 1].y());
+    }
+    if (line.size() == 1) Segment(line[0], line[0], radius, 0, pattern);
+  }
+  Blend(color);
+}
+
+void CurveRasterizer::Cover(int x, int y, double coverage) {
+  const size_t at = static_cast<size_t>(y) * static_cast<size_t>(m_width) + static_cast<size_t>(x);
+  const auto c = static_cast<std::uint8_t>(coverage * 255 + 0.5);
+  if (m_stamp[at] != m_curve) {
+    m_stamp[at] = m_curve;
+    m_coverage[at] = c;
+    m_touched.push_back(static_cast<std::uint32_t>(at));
+  } else if (c > m_coverage[at]) {
+    m_coverage[at] = c;
+  }
+}
+
+// Pixels whose centre lies within radius + 0.5 of the segment, row by row: on each row only the
+// stretch that the band around the segment crosses is looked at.
+void CurveRasterizer::Segment(QPointF a, QPointF b, double radius, double arcStart, const Pattern& pattern) {
+  const double reach = radius + 0.5;
+  const double reach2 = reach * reach;
+  const double dx = b.x() - a.x();
+  const double dy = b.y() - a.y();
+  const double length2 = dx * dx + dy * dy;
+  const double length = std::sqrt(length2);
+  const double inverse2 = length2 > 0 ? 1 / length2 : 0;
+  const int top = std::max(0, static_cast<int>(std::floor(std::min(a.y(), b.y()) - reach)));
+  const int bottom = std::min(m_height - 1, static_cast<int>(std::ceil(std::max(a.y(), b.y()) + reach)));
+  const double left = std::min(a.x(), b.x()) - reach;
+  const double right = std::max(a.x(), b.x()) + reach;
+  for (int y = top; y <= bottom; ++y) {
+    const double py = y + 0.5;
+    double from = left, to = right;
+    if (std::abs(dy) > 1e-9 && length > 0) {
+      // Where the row meets the band |cross| <= reach * length around the segment's line.
+      const double base = a.x() + (py - a.y()) * dx / dy;
+      const double half = reach * length / std::abs(dy);
+      from = std::max(from, base - half);
+      to = std::min(to, base + half);
+    }
+    const int x0 = std::max(0, static_cast<int>(std::floor(from - 0.5)));
+    const int x1 = std::min(m_width - 1, static_cast<int>(std::ceil(to - 0.5)));
+    for (int x = x0; x <= x1; ++x) {
+      const double px = x + 0.5;
+      const double t = std::clamp(((px - a.x()) * dx + (py - a.y()) * dy) * inverse2, 0.0, 1.0);
+      const double ex = px - (a.x() + t * dx);
+      const double ey = py - (a.y() + t * dy);
+      const double distance2 = ex * ex + ey * ey;
+      if (distance2 >= reach2) continue;
+      const double coverage = reach - std::sqrt(distance2);
+      if (pattern.Period > 0 && std::fmod(arcStart + t * length, pattern.Period) > pattern.On) continue;
+      Cover(x, y, std::min(1.0, coverage));
+    }
+  }
+}
+
+void CurveRasterizer::Blend(QColor color) {
+  const QRgb source = color.rgba();
+  const int sr = qRed(source), sg = qGreen(source), sb = qBlue(source), sa = qAlpha(source);
+  const bool opaque = m_image.format() == QImage::Format_RGB32;
+  for (const std::uint32_t at : m_touched) {
+    const int alpha = m_coverage[at] * sa / 255;
+    if (alpha == 0) continue;
+    const std::uint32_t row = at / static_cast<std::uint32_t>(m_width);
+    QRgb* pixel = reinterpret_cast<QRgb*>(m_bits + static_cast<qsizetype>(row) * m_stride) + (at - row * static_cast<std::uint32_t>(m_width));
+    const QRgb d = *pixel;
+    const int inverse = 255 - alpha;
+    // Premultiplied source over destination.
+    const int r = (sr * alpha + qRed(d) * inverse + 127) / 255;
+    const int g = (sg * alpha + qGreen(d) * inverse + 127) / 255;
+    const int b = (sb * alpha + qBlue(d) * inverse + 127) / 255;
+    const int a = opaque ? 255 : alpha + (qAlpha(d) * inverse + 127) / 255;
+    *pixel = qRgba(r, g, b, a);
+  }
+}
+
+}  // namespace plot2d

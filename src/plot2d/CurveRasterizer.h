@@ -1,0 +1,48 @@
+#pragma once
+
+#include "Drawing.h"
+
+#include <QColor>
+#include <QImage>
+#include <QPolygonF>
+
+#include <cstdint>
+#include <vector>
+
+namespace plot2d {
+
+// Strokes thick antialiased polylines straight into an image, many times faster than a general
+// path stroker for the long curves of a plot. Each segment is a capsule whose coverage comes
+// from the distance to the segment; within one curve a pixel keeps the largest coverage any of
+// its segments gives it, so joints are not darkened twice, and then it is blended once.
+class CurveRasterizer {
+public:
+  // target must be Format_ARGB32_Premultiplied or Format_RGB32.
+  explicit CurveRasterizer(QImage& target);
+
+  static bool CanDrawInto(const QImage& image);
+
+  // Polylines in pixels, already clipped to (a margin around) the image.
+  void Stroke(const std::vector<QPolygonF>& lines, QColor color, double width, Drawing::Style style);
+
+private:
+  struct Pattern {
+    double On = 0;      // 0 for a solid line
+    double Period = 0;
+  };
+
+  void Segment(QPointF a, QPointF b, double radius, double arcStart, const Pattern& pattern);
+  void Cover(int x, int y, double coverage);
+  void Blend(QColor color);
+
+  QImage& m_image;
+  uchar* m_bits;       // taken once: scanLine() checks for sharing on every call
+  qsizetype m_stride;
+  int m_width, m_height;
+  std::vector<std::uint16_t> m_stamp;   // which curve last wrote the pixel
+  std::vector<std::uint8_t> m_coverage;
+  std::vector<std::uint32_t> m_touched;  // pixels of the current curve
+  std::uint16_t m_curve = 0;
+};
+
+}  // namespace plot2d
