@@ -5,9 +5,9 @@
 
 namespace plot2d {
 
-CurveRasterizer::CurveRasterizer(QImage& target)
+CurveRasterizer::CurveRasterizer(QImage& target, int firstRow)
     : m_image(target), m_bits(target.bits()), m_stride(target.bytesPerLine()), m_width(target.width()),
-      m_height(target.height()),
+      m_height(target.height()), m_firstRow(firstRow),
       m_stamp(static_cast<size_t>(m_width) * static_cast<size_t>(m_height), 0),
       m_coverage(m_stamp.size(), 0) {}
 
@@ -21,6 +21,7 @@ void CurveRasterizer::Stroke(const std::vector<QPolygonF>& lines, QColor color, 
     m_curve = 1;
   }
   m_touched.clear();
+  m_solid = qPremultiply(color.rgba());
   const double radius = std::max(0.5, width / 2);
   // The pen patterns of a dashed and a dotted line, in multiples of the width.
   Pattern pattern;
@@ -34,7 +35,7 @@ void CurveRasterizer::Stroke(const std::vector<QPolygonF>& lines, QColor color, 
     }
     if (line.size() == 1) Segment(line[0], line[0], radius, 0, pattern);
   }
-  Blend(color);
+  if (m_antialiased) Blend(color);
 }
 
 void CurveRasterizer::Cover(int x, int y, double coverage) {
@@ -52,6 +53,9 @@ void CurveRasterizer::Cover(int x, int y, double coverage) {
 // Pixels whose centre lies within radius + 0.5 of the segment, row by row: on each row only the
 // stretch that the band around the segment crosses is looked at.
 void CurveRasterizer::Segment(QPointF a, QPointF b, double radius, double arcStart, const Pattern& pattern) {
+  // Into the band's own rows.
+  a.ry() -= m_firstRow;
+  b.ry() -= m_firstRow;
   const double reach = radius + 0.5;
   const double reach2 = reach * reach;
   const double dx = b.x() - a.x();
@@ -84,6 +88,10 @@ void CurveRasterizer::Segment(QPointF a, QPointF b, double radius, double arcSta
       if (distance2 >= reach2) continue;
       const double coverage = reach - std::sqrt(distance2);
       if (pattern.Period > 0 && std::fmod(arcStart + t * length, pattern.Period) > pattern.On) continue;
+      if (!m_antialiased) {
+        if (coverage >= 0.5) reinterpret_cast<QRgb*>(m_bits + static_cast<qsizetype>(y) * m_stride)[x] = m_solid;
+        continue;
+      }
       Cover(x, y, std::min(1.0, coverage));
     }
   }

@@ -17,10 +17,15 @@ namespace plot2d {
 // its segments gives it, so joints are not darkened twice, and then it is blended once.
 class CurveRasterizer {
 public:
-  // target must be Format_ARGB32_Premultiplied or Format_RGB32.
-  explicit CurveRasterizer(QImage& target);
+  // target must be Format_ARGB32_Premultiplied or Format_RGB32. Its first row stands for row
+  // firstRow of the picture, so that two rasterizers can each draw one band of it.
+  explicit CurveRasterizer(QImage& target, int firstRow = 0);
 
   static bool CanDrawInto(const QImage& image);
+
+  // Without antialiasing a pixel is in or out and takes the colour at once: much faster, for
+  // drawing at low quality.
+  void SetAntialiased(bool on) { m_antialiased = on; }
 
   // Polylines in pixels, already clipped to (a margin around) the image.
   void Stroke(const std::vector<QPolygonF>& lines, QColor color, double width, Drawing::Style style);
@@ -39,10 +44,13 @@ private:
   uchar* m_bits;       // taken once: scanLine() checks for sharing on every call
   qsizetype m_stride;
   int m_width, m_height;
+  int m_firstRow;
   std::vector<std::uint16_t> m_stamp;   // which curve last wrote the pixel
   std::vector<std::uint8_t> m_coverage;
   std::vector<std::uint32_t> m_touched;  // pixels of the current curve
   std::uint16_t m_curve = 0;
+  bool m_antialiased = true;
+  QRgb m_solid = 0;  // the colour of an aliased curve, premultiplied
 };
 
 }  // namespace plot2d

@@ -1,6 +1,7 @@
 #include "FunctionItem.h"
 
 #include "ImplicitTracer.h"
+#include "PolylineSimplifier.h"
 
 #include "numeric/NumericKernel.h"
 
@@ -145,6 +146,7 @@ void FunctionItem::DrawCurve(const ViewTransform& view, int quality, Drawing& dr
     curve = sampler.Sample(low, high, CurveSampler::SamplesFor(std::max(1.0, turns) * 1000, quality));
   }
   Shade(curve, view, drawing);
+  SimplifyForView(curve.Pieces, view);
   drawing.Curves.push_back({curve.Pieces, m_options.Color, m_options.Line});
   if (m_options.EndDots) {
     for (const EndPoint& end : curve.Ends) drawing.Dots.push_back({end.At, m_options.Color, end.Inclusive});
@@ -202,6 +204,7 @@ void FunctionItem::DrawImplicit(const ViewTransform& view, int quality, Drawing&
   } else {
     for (const BlockProgram& factor : m_factors) trace(factor);
   }
+  SimplifyForView(lines, view);
   drawing.Curves.push_back({std::move(lines), m_options.Color, m_options.Line});
 }
 

@@ -1,6 +1,7 @@
 #include "InequalityItem.h"
 
 #include "CurveSampler.h"
+#include "PolylineSimplifier.h"
 
 #include <algorithm>
 #include <cmath>
@@ -70,8 +71,9 @@ void InequalityItem::Draw(const ViewTransform& view, int quality, Drawing& drawi
     CurveSource source;
     source.Kind = CurveSource::Mode::YOfX;
     source.First = part.Boundary;
-    const SampledCurve curve = CurveSampler(source, view, quality)
-                                   .Sample(view.XMin(), view.XMax(), CurveSampler::SamplesFor(view.Width(), quality));
+    SampledCurve curve = CurveSampler(source, view, quality)
+                             .Sample(view.XMin(), view.XMax(), CurveSampler::SamplesFor(view.Width(), quality));
+    SimplifyForView(curve.Pieces, view);
     drawing.Curves.push_back({curve.Pieces, m_line, part.Parsed.Inclusive ? Drawing::Style::Solid : Drawing::Style::Dashed});
   }
 }

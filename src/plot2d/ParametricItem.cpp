@@ -1,5 +1,7 @@
 #include "ParametricItem.h"
 
+#include "PolylineSimplifier.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -18,7 +20,8 @@ ParametricItem::ParametricItem(const QString& x, const QString& y, double from, 
 void ParametricItem::Draw(const ViewTransform& view, int quality, Drawing& drawing) const {
   if (!m_problem.isEmpty() || !std::isfinite(m_from) || !std::isfinite(m_to) || m_from == m_to) return;
   const double pixels = 2.0 * std::max(view.Width(), view.Height());
-  const SampledCurve curve = CurveSampler(m_source, view, quality).Sample(m_from, m_to, CurveSampler::SamplesFor(pixels, quality));
+  SampledCurve curve = CurveSampler(m_source, view, quality).Sample(m_from, m_to, CurveSampler::SamplesFor(pixels, quality));
+  SimplifyForView(curve.Pieces, view);
   drawing.Curves.push_back({curve.Pieces, m_color, Drawing::Style::Solid});
 }
 

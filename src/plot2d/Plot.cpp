@@ -1,5 +1,6 @@
 #include "Plot.h"
 
+#include "Parallel.h"
 #include "PlotPainter.h"
 
 #include "core/RuntimeError.h"
@@ -8,7 +9,9 @@
 #include <QImageWriter>
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
+#include <iterator>
 
 namespace plot2d {
 
@@ -109,26 +112,40 @@ PlotStyle Plot::Style() const {
   style.Axis = ColorOf(m_axisColor);
   if (!std::isfinite(style.Thickness) || style.Thickness <= 0) style.Thickness = 1;
   style.Thickness = std::min(style.Thickness, 50.0);
+  style.Antialiased = QualityPercent() >= 50;
   return style;
 }
 
 void Plot::Redraw() {
   const ViewTransform view = View();
   const int quality = QualityPercent();
-  Drawing drawing;
-  const size_t total = m_functions.size() + m_integrals.size() + m_inequalities.size() + m_parametrics.size();
-  size_t done = 0;
-  const auto progress = [&] {
-    ++done;
-    if (OnProgress) OnProgress(static_cast<int>(done * 100 / std::max<size_t>(total, 1)));
-  };
-  if (OnProgress) OnProgress(0);
-  for (const InequalityItem& item : m_inequalities) item.Draw(view, quality, drawing), progress();
+  // Every item draws into a drawing of its own, on whichever core is free; the drawings are then
+  // put together in the items' order, which is the order they are painted in.
+  std::vector<std::function<void(Drawing&)>> jobs;
+  for (const InequalityItem& item : m_inequalities) jobs.push_back([&](Drawing& d) { item.Draw(view, quality, d); });
   if (m_style.ShowIntegral) {
-    for (const IntegralItem& item : m_integrals) item.Draw(view, quality, drawing), progress();
+    for (const IntegralItem& item : m_integrals) jobs.push_back([&](Drawing& d) { item.Draw(view, quality, d); });
   }
-  for (const FunctionItem& item : m_functions) item.Draw(view, quality, drawing), progress();
-  for (const ParametricItem& item : m_parametrics) item.Draw(view, quality, drawing), progress();
+  for (const FunctionItem& item : m_functions) jobs.push_back([&](Drawing& d) { item.Draw(view, quality, d); });
+  for (const ParametricItem& item : m_parametrics) jobs.push_back([&](Drawing& d) { item.Draw(view, quality, d); });
+  if (OnProgress) OnProgress(0);
+  std::vector<Drawing> parts(jobs.size());
+  std::atomic<std::size_t> done{0};
+  ParallelFor(jobs.size(), [&](std::size_t i) {
+    jobs[i](parts[i]);
+    ++done;
+  });
+  Drawing drawing;
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    Drawing& part = parts[i];
+    std::move(part.Fills.begin(), part.Fills.end(), std::back_inserter(drawing.Fills));
+    std::move(part.Masks.begin(), part.Masks.end(), std::back_inserter(drawing.Masks));
+    std::move(part.Curves.begin(), part.Curves.end(), std::back_inserter(drawing.Curves));
+    std::move(part.Dots.begin(), part.Dots.end(), std::back_inserter(drawing.Dots));
+    std::move(part.Labels.begin(), part.Labels.end(), std::back_inserter(drawing.Labels));
+    // Progress is told on the calling thread, as the parts are put together.
+    if (OnProgress) OnProgress(static_cast<int>((i + 1) * 100 / parts.size()));
+  }
   drawing.Dots.insert(drawing.Dots.end(), m_points.begin(), m_points.end());
   m_drawing = std::move(drawing);
   if (OnProgress) OnProgress(100);

@@ -2,6 +2,7 @@
 
 #include "AxisTicks.h"
 #include "CurveRasterizer.h"
+#include "Parallel.h"
 
 #include <QFont>
 #include <QFontMetricsF>
@@ -49,37 +50,6 @@ bool Clip(QPointF& a, QPointF& b, const QRectF& rect) {
   a = start + t0 * QPointF(dx, dy);
   b = start + t1 * QPointF(dx, dy);
   return true;
-}
-
-// Leaves out the points that lie within a fraction of a pixel of the line through their
-// neighbours, so that the rasterizer strokes long segments rather than many short ones.
-QPolygonF Simplified(const QPolygonF& line) {
-  constexpr double kTolerance = 0.15;
-  constexpr qsizetype kLongestRun = 64;
-  if (line.size() < 3) return line;
-  QPolygonF kept;
-  kept.reserve(line.size());
-  qsizetype anchor = 0;
-  kept << line[0];
-  for (qsizetype j = 2; j < line.size(); ++j) {
-    const QPointF a = line[anchor];
-    const QPointF d = line[j] - a;
-    const double length = std::hypot(d.x(), d.y());
-    bool straight = j - anchor <= kLongestRun;
-    for (qsizetype i = anchor + 1; i < j && straight; ++i) {
-      const QPointF e = line[i] - a;
-      const double off = length > 0 ? std::abs(d.x() * e.y() - d.y() * e.x()) / length : std::hypot(e.x(), e.y());
-      // The point must also lie between the ends, or the line would turn back on itself.
-      const double along = d.x() * e.x() + d.y() * e.y();
-      straight = off <= kTolerance && along >= 0 && along <= length * length;
-    }
-    if (!straight) {
-      anchor = j - 1;
-      kept << line[anchor];
-    }
-  }
-  kept << line.last();
-  return kept;
 }
 
 }  // namespace
@@ -225,19 +195,32 @@ void PlotPainter::Numbers(QPainter& painter, double xStep, double yStep) const {
 }
 
 // Curves go through the rasterizer into a transparent layer, which is then drawn: the painter
-// may paint on anything, and its own state is left alone.
+// may paint on anything, and its own state is left alone. Each core rasterizes one band.
 void PlotPainter::Curves(QPainter& painter, const Drawing& drawing) const {
   if (drawing.Curves.empty()) return;
+  std::vector<std::vector<QPolygonF>> lines(drawing.Curves.size());
+  for (size_t c = 0; c < drawing.Curves.size(); ++c) {
+    for (const QPolygonF& piece : drawing.Curves[c].Pieces) {
+      for (QPolygonF& run : Visible(piece)) lines[c].push_back(std::move(run));
+    }
+  }
   QImage layer(m_view.Width(), m_view.Height(), QImage::Format_ARGB32_Premultiplied);
   layer.fill(Qt::transparent);
-  CurveRasterizer rasterizer(layer);
-  for (const Drawing::Curve& curve : drawing.Curves) {
-    std::vector<QPolygonF> lines;
-    for (const QPolygonF& piece : curve.Pieces) {
-      for (QPolygonF& run : Visible(piece)) lines.push_back(std::move(run));
+  constexpr int kBands = 2;
+  const int bandHeight = (m_view.Height() + kBands - 1) / kBands;
+  uchar* bits = layer.bits();
+  ParallelFor(kBands, [&](std::size_t band) {
+    const int top = static_cast<int>(band) * bandHeight;
+    const int height = std::min(bandHeight, m_view.Height() - top);
+    if (height <= 0) return;
+    QImage rows(bits + static_cast<qsizetype>(top) * layer.bytesPerLine(), layer.width(), height, layer.bytesPerLine(),
+                QImage::Format_ARGB32_Premultiplied);
+    CurveRasterizer rasterizer(rows, top);
+    rasterizer.SetAntialiased(m_style.Antialiased);
+    for (size_t c = 0; c < drawing.Curves.size(); ++c) {
+      rasterizer.Stroke(lines[c], drawing.Curves[c].Color, m_style.Thickness, drawing.Curves[c].Line);
     }
-    rasterizer.Stroke(lines, curve.Color, m_style.Thickness, curve.Line);
-  }
+  });
   painter.drawImage(QPointF(0, 0), layer);
 }
 
@@ -267,7 +250,6 @@ std::vector<QPolygonF> PlotPainter::Visible(const QPolygonF& piece) const {
     previous = current;
   }
   if (run.size() > 1) runs.push_back(run);
-  for (QPolygonF& r : runs) r = Simplified(r);
   return runs;
 }
 

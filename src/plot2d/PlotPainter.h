@@ -18,6 +18,8 @@ struct PlotStyle {
   QColor Back = Qt::white;
   QColor Axis = Qt::black;
   double Thickness = 2;
+  // Curves are antialiased unless the plot is drawn at low quality.
+  bool Antialiased = true;
 };
 
 // Paints a drawing into any QPainter at the view's size: background, grid, shaded regions, axes
