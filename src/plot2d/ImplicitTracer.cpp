@@ -1,6 +1,7 @@
 #include "ImplicitTracer.h"
 
 #include <QHash>
+#include <QLineF>
 #include <QSet>
 
 #include <algorithm>
@@ -131,6 +132,15 @@ std::vector<ImplicitTracer::Cell> ImplicitTracer::Contour(const std::vector<Cell
     QPointF Low, High;  // ends
     double FLow, FHigh;
     QPointF At;
+    double Scale = 0;   // the larger magnitude at the ends, before refining
+    bool Settled = false;
+  };
+  // Two leaves share an edge: its crossing is found once.
+  QHash<qint64, int> crossingOfEdge;
+  const auto edgeKey = [](const Cell& leaf, int k) {
+    const int x = leaf.X + (k == 1 ? 1 : 0);
+    const int y = leaf.Y + (k == 2 ? 1 : 0);
+    return (static_cast<qint64>(x) << 33) ^ (static_cast<qint64>(y) << 1) ^ (k % 2);
   };
   std::vector<Crossing> crossings;
   std::vector<std::array<int, 2>> pairs;  // indices into crossings, per segment
@@ -189,8 +199,14 @@ std::vector<ImplicitTracer::Cell> ImplicitTracer::Contour(const std::vector<Cell
         else b = boundaries[static_cast<size_t>(j)].Defined, fb = boundaries[static_cast<size_t>(j)].Value;
       }
       if (std::isnan(fa) || std::isnan(fb) || (fa > 0) == (fb > 0)) continue;
-      edgeCrossing[k] = static_cast<int>(crossings.size());
-      crossings.push_back({a, b, fa, fb, a});
+      const qint64 key = edgeKey(leaves[i], k);
+      if (const auto known = crossingOfEdge.constFind(key); known != crossingOfEdge.cend()) {
+        edgeCrossing[k] = *known;
+      } else {
+        edgeCrossing[k] = static_cast<int>(crossings.size());
+        crossingOfEdge.insert(key, edgeCrossing[k]);
+        crossings.push_back({a, b, fa, fb, a, std::max(std::abs(fa), std::abs(fb)), false});
+      }
       neighbours.push_back({leaves[i].X + kAcross[static_cast<size_t>(k)][0], leaves[i].Y + kAcross[static_cast<size_t>(k)][1], 1});
       ++count;
     }
@@ -215,18 +231,26 @@ std::vector<ImplicitTracer::Cell> ImplicitTracer::Contour(const std::vector<Cell
   // Regula falsi (Illinois) on every crossing at once; the last value tells a root from a pole.
   std::vector<double> residual(crossings.size(), 0);
   std::vector<int> lastSide(crossings.size(), 0);
-  for (int step = 0; step < kRefinements && !crossings.empty(); ++step) {
+  // Each round evaluates only the crossings that have not settled yet.
+  std::vector<size_t> active(crossings.size());
+  for (size_t i = 0; i < active.size(); ++i) active[i] = i;
+  const double settledWidth = 1e-9 * std::max(m_leafWidth, m_leafHeight);
+  for (int step = 0; step < kRefinements && !active.empty(); ++step) {
     std::vector<double> px, py;
-    for (Crossing& c : crossings) {
+    for (const size_t i : active) {
+      Crossing& c = crossings[i];
       const double t = c.FLow / (c.FLow - c.FHigh);
       c.At = c.Low + std::clamp(t, 0.0, 1.0) * (c.High - c.Low);
       px.push_back(c.At.x()), py.push_back(c.At.y());
     }
-    residual = Values(px, py);
-    for (size_t i = 0; i < crossings.size(); ++i) {
+    const std::vector<double> values = Values(px, py);
+    std::vector<size_t> still;
+    for (size_t j = 0; j < active.size(); ++j) {
+      const size_t i = active[j];
       Crossing& c = crossings[i];
-      const double r = residual[i];
-      if (std::isnan(r) || r == 0) continue;
+      const double r = values[j];
+      residual[i] = r;
+      if (std::isnan(r) || r == 0 || std::abs(r) <= 1e-15 * c.Scale) continue;
       if ((r > 0) == (c.FLow > 0)) {
         c.Low = c.At, c.FLow = r;
         if (lastSide[i] == -1) c.FHigh /= 2;
@@ -236,7 +260,9 @@ std::vector<ImplicitTracer::Cell> ImplicitTracer::Contour(const std::vector<Cell
         if (lastSide[i] == 1) c.FLow /= 2;
         lastSide[i] = 1;
       }
+      if (QLineF(c.Low, c.High).length() > settledWidth) still.push_back(i);
     }
+    active.swap(still);
   }
   std::vector<double> allowed;
   if (m_condition && !pairs.empty()) {
@@ -252,11 +278,12 @@ std::vector<ImplicitTracer::Cell> ImplicitTracer::Contour(const std::vector<Cell
     m_condition->Evaluate(inputs, mx.size(), out.data());
     allowed = std::move(out);
   }
-  // A root: the function came down to a small fraction of its values at the bracket's ends.
+  // A root: the function came down to a small fraction of its values at the edge's ends; at a
+  // pole it grows instead.
   const auto root = [&](int index) {
     const Crossing& c = crossings[static_cast<size_t>(index)];
     const double r = std::abs(residual[static_cast<size_t>(index)]);
-    return std::isfinite(r) && r <= 1e-3 * std::max(std::abs(c.FLow), std::abs(c.FHigh)) + 1e-9;
+    return std::isfinite(r) && r <= 1e-3 * c.Scale + 1e-12;
   };
   for (size_t i = 0; i < pairs.size(); ++i) {
     const auto [a, b] = pairs[i];
