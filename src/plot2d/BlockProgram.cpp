@@ -15,9 +15,6 @@ namespace {
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
-// The program's failure for whatever is not finite; written so that it vectorises.
-inline double Clean(double r) { return r - r == 0 ? r : kNaN; }
-
 const double* Zeros() {
   static const std::array<double, BlockProgram::kBlock> zeros{};
   return zeros.data();

@@ -1,0 +1,27 @@
+#include "FuzzInput.h"
+
+#include "plot2d/BlockProgram.h"
+#include "plot2d/LineParser.h"
+#include "plot2d/Plot.h"
+
+// Every way a text reaches the plot engine: a function line, an expression, an inequality; what
+// parses is also evaluated and drawn small.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const QString text = FuzzText(data, size);
+  const plot2d::ParsedLine line = plot2d::ParseLine(text);
+  if (line.Ok()) {
+    const plot2d::BlockProgram program(line.Tree, line.Right);
+    program.At(0.5, -0.25, 1, 2, 3);
+  }
+  plot2d::ParseExpression(text);
+  plot2d::ParseInequality(text);
+  if (size < 200) {
+    plot2d::Plot plot;
+    plot.SetSize(QSize(64, 48));
+    std::int32_t kind = 0;
+    plot.AddFunction(1, text, 255, true, kind, true, true, false, 0);
+    plot.AddInequality(text, 0, 255, false, QString());
+    plot.Redraw();
+  }
+  return 0;
+}
