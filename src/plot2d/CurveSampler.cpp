@@ -15,13 +15,17 @@ constexpr int kMaxRounds = 64;
 constexpr double kFinestSplit = 1.0 / (1ull << 40);
 constexpr double kJumpPixels = 2.0;
 
-double Distance(double ax, double ay, double bx, double by) { return std::hypot(bx - ax, by - ay); }
+double Distance(double ax, double ay, double bx, double by) {
+  const double dx = bx - ax;
+  const double dy = by - ay;
+  return std::sqrt(dx * dx + dy * dy);  // an overflow gives infinity, which compares as far
+}
 
 // Distance of m from the chord a-b, in pixels.
 double Deviation(double ax, double ay, double bx, double by, double mx, double my) {
   const double dx = bx - ax;
   const double dy = by - ay;
-  const double length = std::hypot(dx, dy);
+  const double length = std::sqrt(dx * dx + dy * dy);
   if (length == 0) return Distance(ax, ay, mx, my);
   return std::abs(dx * (my - ay) - dy * (mx - ax)) / length;
 }
@@ -169,7 +173,14 @@ SampledCurve CurveSampler::Sample(double from, double to, int initialSamples) co
       examine(m, b);
     }
   }
-  std::sort(points.begin(), points.end(), [](const Point& p, const Point& q) { return p.S < q.S; });
+  // Put in order by parameter, moving small indices rather than whole points.
+  std::vector<std::uint32_t> order(points.size());
+  for (std::uint32_t i = 0; i < order.size(); ++i) order[i] = i;
+  std::sort(order.begin(), order.end(), [&](std::uint32_t p, std::uint32_t q) { return points[p].S < points[q].S; });
+  std::vector<Point> sorted;
+  sorted.reserve(points.size());
+  for (const std::uint32_t i : order) sorted.push_back(points[i]);
+  points.swap(sorted);
   std::sort(brokenAt.begin(), brokenAt.end());
   std::vector<std::uint8_t> gaps(points.size() - 1, kDone);
   for (size_t i = 0; i + 1 < points.size(); ++i) {

@@ -95,6 +95,8 @@ void PlotPainter::Paint(QPainter& painter, const Drawing& drawing) const {
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing, true);
   painter.setRenderHint(QPainter::TextAntialiasing, true);
+  // Clipped to the view: the shaded sides of curves reach far beyond it, and the raster engine is
+  // slow to fill what it has not been told to leave out.
   painter.setClipRect(QRectF(0, 0, m_view.Width(), m_view.Height()));
   if (!m_style.TransparentBackground) painter.fillRect(QRectF(0, 0, m_view.Width(), m_view.Height()), m_style.Back);
   painter.setFont(NumberFont());
@@ -194,8 +196,10 @@ void PlotPainter::Numbers(QPainter& painter, double xStep, double yStep) const {
   }
 }
 
-// Curves go through the rasterizer into a transparent layer, which is then drawn: the painter
-// may paint on anything, and its own state is left alone. Each core rasterizes one band.
+// Curves go through the rasterizer, one band per core. When the painter paints on an image the
+// rasterizer can write, of the view's size and untransformed, they go straight into it (the raster
+// engine draws at once, so its pixels are up to date, and the clip is the view, which the
+// rasterizer keeps to by itself); otherwise into a transparent layer that the painter then draws.
 void PlotPainter::Curves(QPainter& painter, const Drawing& drawing) const {
   if (drawing.Curves.empty()) return;
   std::vector<std::vector<QPolygonF>> lines(drawing.Curves.size());
@@ -204,24 +208,31 @@ void PlotPainter::Curves(QPainter& painter, const Drawing& drawing) const {
       for (QPolygonF& run : Visible(piece)) lines[c].push_back(std::move(run));
     }
   }
-  QImage layer(m_view.Width(), m_view.Height(), QImage::Format_ARGB32_Premultiplied);
-  layer.fill(Qt::transparent);
+  auto* device = dynamic_cast<QImage*>(painter.device());
+  const bool direct = device && CurveRasterizer::CanDrawInto(*device) && device->size() == QSize(m_view.Width(), m_view.Height()) &&
+                      device->devicePixelRatio() == 1 && painter.transform().isIdentity();
+  QImage layer;
+  if (!direct) {
+    layer = QImage(m_view.Width(), m_view.Height(), QImage::Format_ARGB32_Premultiplied);
+    layer.fill(Qt::transparent);
+  }
+  QImage& target = direct ? *device : layer;
   constexpr int kBands = 2;
   const int bandHeight = (m_view.Height() + kBands - 1) / kBands;
-  uchar* bits = layer.bits();
+  uchar* bits = target.bits();
   ParallelFor(kBands, [&](std::size_t band) {
     const int top = static_cast<int>(band) * bandHeight;
     const int height = std::min(bandHeight, m_view.Height() - top);
     if (height <= 0) return;
-    QImage rows(bits + static_cast<qsizetype>(top) * layer.bytesPerLine(), layer.width(), height, layer.bytesPerLine(),
-                QImage::Format_ARGB32_Premultiplied);
+    QImage rows(bits + static_cast<qsizetype>(top) * target.bytesPerLine(), target.width(), height, target.bytesPerLine(),
+                target.format());
     CurveRasterizer rasterizer(rows, top);
     rasterizer.SetAntialiased(m_style.Antialiased);
     for (size_t c = 0; c < drawing.Curves.size(); ++c) {
       rasterizer.Stroke(lines[c], drawing.Curves[c].Color, m_style.Thickness, drawing.Curves[c].Line);
     }
   });
-  painter.drawImage(QPointF(0, 0), layer);
+  if (!direct) painter.drawImage(QPointF(0, 0), layer);
 }
 
 std::vector<QPolygonF> PlotPainter::Visible(const QPolygonF& piece) const {

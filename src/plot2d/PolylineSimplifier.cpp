@@ -6,37 +6,61 @@ namespace plot2d {
 
 namespace {
 
-constexpr double kTolerance = 0.15;     // pixels
-constexpr qsizetype kLongestRun = 32;   // points that one kept segment may stand for
+constexpr double kTolerance = 0.15;    // pixels
+constexpr qsizetype kLongestRun = 256;  // points that one kept segment may stand for
 
+double Cross(QPointF a, QPointF b) { return a.x() * b.y() - a.y() * b.x(); }
+
+// A unit vector turned by the angle whose sine is s (and cosine c).
+QPointF Turned(QPointF u, double s, double c) { return {u.x() * c - u.y() * s, u.x() * s + u.y() * c}; }
+
+// In one pass (the sleeve method): from the last kept point, the directions whose line passes
+// within the tolerance of every point since form a window; a point whose direction leaves the
+// window ends the segment at the point before it.
 QPolygonF Simplified(const QPolygonF& line, const ViewTransform& view) {
   if (line.size() < 3) return line;
-  QPolygonF pixels;
-  pixels.reserve(line.size());
-  for (const QPointF& p : line) pixels << view.ToPixel(p.x(), p.y());
   QPolygonF kept;
   kept.reserve(line.size());
-  qsizetype anchor = 0;
   kept << line[0];
-  for (qsizetype j = 2; j < line.size(); ++j) {
-    const QPointF a = pixels[anchor];
-    const QPointF d = pixels[j] - a;
-    const double length2 = d.x() * d.x() + d.y() * d.y();
-    const double limit2 = kTolerance * kTolerance * length2;
-    bool straight = j - anchor <= kLongestRun && std::isfinite(length2);
-    for (qsizetype i = anchor + 1; i < j && straight; ++i) {
-      const QPointF e = pixels[i] - a;
-      const double cross = d.x() * e.y() - d.y() * e.x();
-      // Within the tolerance of the chord, and between its ends (or it would turn back).
-      const double along = d.x() * e.x() + d.y() * e.y();
-      straight = cross * cross <= limit2 && along >= 0 && along <= length2;
+  QPointF anchor = view.ToPixel(line[0].x(), line[0].y());
+  QPointF low, high;  // the window's edges, unit vectors; none yet while open is false
+  bool open = false;
+  qsizetype anchorIndex = 0;
+  for (qsizetype j = 1; j < line.size(); ++j) {
+    const QPointF p = view.ToPixel(line[j].x(), line[j].y());
+    const QPointF v = p - anchor;
+    const double d = std::sqrt(v.x() * v.x() + v.y() * v.y());
+    bool fits = std::isfinite(d) && j - anchorIndex <= kLongestRun;
+    if (fits && d > kTolerance) {
+      const QPointF u = v / d;
+      const double s = kTolerance / d;
+      const double c = std::sqrt(1 - s * s);
+      if (!open) {
+        low = Turned(u, -s, c), high = Turned(u, s, c), open = true;
+      } else if (Cross(low, u) >= 0 && Cross(u, high) >= 0 && low.x() * u.x() + low.y() * u.y() > 0) {
+        const QPointF newLow = Turned(u, -s, c);
+        const QPointF newHigh = Turned(u, s, c);
+        if (Cross(low, newLow) > 0) low = newLow;
+        if (Cross(newHigh, high) > 0) high = newHigh;
+      } else {
+        fits = false;
+      }
     }
-    if (!straight) {
-      anchor = j - 1;
-      kept << line[anchor];
+    if (!fits && j - 1 > anchorIndex) {
+      // The point before is kept, and this one is looked at again from there.
+      anchorIndex = j - 1;
+      kept << line[anchorIndex];
+      anchor = view.ToPixel(line[anchorIndex].x(), line[anchorIndex].y());
+      open = false;
+      --j;
+    } else if (!fits) {
+      anchorIndex = j;
+      kept << line[j];
+      anchor = p;
+      open = false;
     }
   }
-  kept << line.last();
+  if (kept.last() != line.last()) kept << line.last();
   return kept;
 }
 
