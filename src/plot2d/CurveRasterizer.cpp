@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace plot2d {
 
@@ -56,7 +57,10 @@ void CurveRasterizer::Segment(QPointF a, QPointF b, double radius, double arcSta
   // Into the band's own rows.
   a.ry() -= m_firstRow;
   b.ry() -= m_firstRow;
-  const double reach = radius + 0.5;
+  if (!m_antialiased && pattern.Period == 0) return SolidSpans(a, b, radius);
+  // Antialiased, a pixel is touched while any part of it is within the radius; aliased, only while
+  // its centre is.
+  const double reach = m_antialiased ? radius + 0.5 : radius;
   const double reach2 = reach * reach;
   const double dx = b.x() - a.x();
   const double dy = b.y() - a.y();
@@ -89,11 +93,66 @@ void CurveRasterizer::Segment(QPointF a, QPointF b, double radius, double arcSta
       const double coverage = reach - std::sqrt(distance2);
       if (pattern.Period > 0 && std::fmod(arcStart + t * length, pattern.Period) > pattern.On) continue;
       if (!m_antialiased) {
-        if (coverage >= 0.5) reinterpret_cast<QRgb*>(m_bits + static_cast<qsizetype>(y) * m_stride)[x] = m_solid;
+        reinterpret_cast<QRgb*>(m_bits + static_cast<qsizetype>(y) * m_stride)[x] = m_solid;
         continue;
       }
       Cover(x, y, std::min(1.0, coverage));
     }
+  }
+}
+
+// A capsule meets a row in one interval: the union of the band around the segment (within the
+// segment's own length) and the discs at its ends.
+void CurveRasterizer::SolidSpans(QPointF a, QPointF b, double radius) {
+  const double dx = b.x() - a.x();
+  const double dy = b.y() - a.y();
+  const double length2 = dx * dx + dy * dy;
+  const double length = std::sqrt(length2);
+  const int top = std::max(0, static_cast<int>(std::ceil(std::min(a.y(), b.y()) - radius - 0.5)));
+  const int bottom = std::min(m_height - 1, static_cast<int>(std::floor(std::max(a.y(), b.y()) + radius - 0.5)));
+  const double r2 = radius * radius;
+  for (int y = top; y <= bottom; ++y) {
+    const double py = y + 0.5;
+    double from = std::numeric_limits<double>::infinity();
+    double to = -from;
+    const auto take = [&](double l, double r) {
+      if (l <= r) from = std::min(from, l), to = std::max(to, r);
+    };
+    for (const QPointF& end : {a, b}) {
+      const double h = py - end.y();
+      if (h * h <= r2) {
+        const double w = std::sqrt(r2 - h * h);
+        take(end.x() - w, end.x() + w);
+      }
+    }
+    if (length > 0) {
+      // The band: |cross| <= radius * length; the slab: 0 <= projection <= length^2.
+      double bandFrom = -std::numeric_limits<double>::infinity(), bandTo = -bandFrom;
+      if (dy != 0) {
+        const double base = a.x() + (py - a.y()) * dx / dy;
+        const double half = radius * length / std::abs(dy);
+        bandFrom = base - half, bandTo = base + half;
+      } else if (std::abs(py - a.y()) > radius) {
+        bandFrom = 1, bandTo = 0;  // the row misses a horizontal band
+      }
+      double slabFrom = -std::numeric_limits<double>::infinity(), slabTo = -slabFrom;
+      if (dx != 0) {
+        const double s0 = a.x() - (py - a.y()) * dy / dx;
+        const double s1 = a.x() + (length2 - (py - a.y()) * dy) / dx;
+        slabFrom = std::min(s0, s1), slabTo = std::max(s0, s1);
+      } else {
+        const double t = (py - a.y()) * dy;
+        if (t < 0 || t > length2) slabFrom = 1, slabTo = 0;
+      }
+      take(std::max(bandFrom, slabFrom), std::min(bandTo, slabTo));
+    }
+    if (!(from <= to)) continue;
+    // Pixels whose centres x + 0.5 lie in [from, to].
+    const int x0 = std::max(0, static_cast<int>(std::ceil(from - 0.5)));
+    const int x1 = std::min(m_width - 1, static_cast<int>(std::floor(to - 0.5)));
+    if (x0 > x1) continue;
+    QRgb* row = reinterpret_cast<QRgb*>(m_bits + static_cast<qsizetype>(y) * m_stride);
+    std::fill(row + x0, row + x1 + 1, m_solid);
   }
 }
 

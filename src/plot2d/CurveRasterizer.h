@@ -37,6 +37,8 @@ private:
   };
 
   void Segment(QPointF a, QPointF b, double radius, double arcStart, const Pattern& pattern);
+  // The aliased solid case: row by row, the one span of pixel centres within radius.
+  void SolidSpans(QPointF a, QPointF b, double radius);
   void Cover(int x, int y, double coverage);
   void Blend(QColor color);
 

@@ -2,7 +2,6 @@
 
 #include <QHash>
 #include <QLineF>
-#include <QSet>
 
 #include <algorithm>
 #include <array>
@@ -17,8 +16,6 @@ constexpr int kCoarse = 8;       // a coarse cell is 8 leaves wide
 constexpr int kRefinements = 12;  // regula falsi steps for each crossing
 
 int SignOf(double v) { return std::isnan(v) ? 2 : (v > 0 ? 1 : 0); }
-
-qint64 KeyOf(int x, int y) { return (static_cast<qint64>(x) << 32) ^ static_cast<quint32>(y); }
 
 // The corners of a leaf counter-clockwise from the lower left, in leaves.
 constexpr std::array<std::array<int, 2>, 4> kCorners = {{{0, 0}, {1, 0}, {1, 1}, {0, 1}}};
@@ -52,13 +49,16 @@ std::vector<QPolygonF> ImplicitTracer::Trace() const {
   while (!cells.empty() && cells.front().Size > 1) cells = Split(cells);
   // Contour the leaves, then the neighbours the curve leads into, until it leads nowhere new.
   std::vector<Segment> segments;
-  QSet<qint64> seen;
-  for (const Cell& c : cells) seen.insert(KeyOf(c.X, c.Y));
+  // One bit a leaf: whether it has been contoured or is waiting to be.
+  std::vector<bool> seen(static_cast<size_t>(m_columns) * static_cast<size_t>(m_rows), false);
+  const auto bit = [&](const Cell& c) { return static_cast<size_t>(c.Y) * static_cast<size_t>(m_columns) + static_cast<size_t>(c.X); };
+  for (const Cell& c : cells) seen[bit(c)] = true;
   while (!cells.empty()) {
     std::vector<Cell> next;
     for (const Cell& c : Contour(cells, segments)) {
-      if (c.X < 0 || c.Y < 0 || c.X >= m_columns || c.Y >= m_rows) continue;
-      if (!seen.contains(KeyOf(c.X, c.Y))) seen.insert(KeyOf(c.X, c.Y)), next.push_back(c);
+      if (c.X < 0 || c.Y < 0 || c.X >= m_columns || c.Y >= m_rows || seen[bit(c)]) continue;
+      seen[bit(c)] = true;
+      next.push_back(c);
     }
     cells.swap(next);
   }

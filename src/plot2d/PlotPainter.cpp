@@ -6,6 +6,7 @@
 
 #include <QFont>
 #include <QFontMetricsF>
+#include <QLineF>
 #include <QPainterPath>
 
 #include <algorithm>
@@ -128,17 +129,19 @@ void PlotPainter::Paint(QPainter& painter, const Drawing& drawing) const {
 }
 
 void PlotPainter::Grid(QPainter& painter, double xStep, double yStep) const {
-  // divisor 5 gives the minor grid between the major lines.
+  // divisor 5 gives the minor grid between the major lines; each level is one call.
   const auto lines = [&](int divisor, int alpha) {
-    painter.setPen(QPen(WithAlpha(m_style.Axis, alpha), 1));
+    std::vector<QLineF> batch;
     for (const double x : AxisTicks::Values(m_view.XMin(), m_view.XMax(), xStep / divisor)) {
       const double px = std::round(m_view.ToPixelX(x)) + 0.5;
-      painter.drawLine(QPointF(px, 0), QPointF(px, m_view.Height()));
+      batch.emplace_back(QPointF(px, 0), QPointF(px, m_view.Height()));
     }
     for (const double y : AxisTicks::Values(m_view.YMin(), m_view.YMax(), yStep / divisor)) {
       const double py = std::round(m_view.ToPixelY(y)) + 0.5;
-      painter.drawLine(QPointF(0, py), QPointF(m_view.Width(), py));
+      batch.emplace_back(QPointF(0, py), QPointF(m_view.Width(), py));
     }
+    painter.setPen(QPen(WithAlpha(m_style.Axis, alpha), 1));
+    painter.drawLines(batch.data(), static_cast<int>(batch.size()));
   };
   painter.setRenderHint(QPainter::Antialiasing, false);
   lines(5, 18);
