@@ -9,7 +9,6 @@
 #include <QImageWriter>
 
 #include <algorithm>
-#include <atomic>
 #include <cmath>
 #include <iterator>
 
@@ -122,19 +121,25 @@ void Plot::Redraw() {
   // Every item draws into a drawing of its own, on whichever core is free; the drawings are then
   // put together in the items' order, which is the order they are painted in.
   std::vector<std::function<void(Drawing&)>> jobs;
+  // Implicit curves cost the most; they start first so that no core waits for one at the end.
+  std::vector<std::size_t> heavyFirst;
   for (const InequalityItem& item : m_inequalities) jobs.push_back([&](Drawing& d) { item.Draw(view, quality, d); });
   if (m_style.ShowIntegral) {
     for (const IntegralItem& item : m_integrals) jobs.push_back([&](Drawing& d) { item.Draw(view, quality, d); });
   }
-  for (const FunctionItem& item : m_functions) jobs.push_back([&](Drawing& d) { item.Draw(view, quality, d); });
+  for (const FunctionItem& item : m_functions) {
+    if (item.Kind() == 4) heavyFirst.push_back(jobs.size());
+    jobs.push_back([&](Drawing& d) { item.Draw(view, quality, d); });
+  }
   for (const ParametricItem& item : m_parametrics) jobs.push_back([&](Drawing& d) { item.Draw(view, quality, d); });
+  std::vector<bool> queued(jobs.size(), false);
+  for (const std::size_t i : heavyFirst) queued[i] = true;
+  for (std::size_t i = 0; i < jobs.size(); ++i) {
+    if (!queued[i]) heavyFirst.push_back(i);
+  }
   if (OnProgress) OnProgress(0);
   std::vector<Drawing> parts(jobs.size());
-  std::atomic<std::size_t> done{0};
-  ParallelFor(jobs.size(), [&](std::size_t i) {
-    jobs[i](parts[i]);
-    ++done;
-  });
+  ParallelFor(jobs.size(), [&](std::size_t k) { jobs[heavyFirst[k]](parts[heavyFirst[k]]); });
   Drawing drawing;
   for (std::size_t i = 0; i < parts.size(); ++i) {
     Drawing& part = parts[i];
