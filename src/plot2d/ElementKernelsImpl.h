@@ -28,11 +28,18 @@ inline void Apply(const double* a, double ca, const double* b, double cb, double
 }
 
 inline void Binary(NodeKind kind, const double* a, double ca, const double* b, double cb, double* out, std::size_t n) {
+  int exponent = 0;
   switch (kind) {
     case NodeKind::Add: return Apply(a, ca, b, cb, out, n, [](double x, double y) { return Clean(x + y); });
     case NodeKind::Subtract: return Apply(a, ca, b, cb, out, n, [](double x, double y) { return Clean(x - y); });
     case NodeKind::Multiply: return Apply(a, ca, b, cb, out, n, [](double x, double y) { return Clean(x * y); });
-    case NodeKind::Divide: return Apply(a, ca, b, cb, out, n, [](double x, double y) { return Clean(x / y); });
+    case NodeKind::Divide:
+      // Dividing by a power of two is exactly multiplying by its reciprocal, and much cheaper.
+      if (a && !b && cb != 0 && std::isfinite(cb) && std::frexp(cb, &exponent) == 0.5) {
+        const double reciprocal = 1 / cb;
+        return Apply(a, ca, b, cb, out, n, [reciprocal](double x, double) { return Clean(x * reciprocal); });
+      }
+      return Apply(a, ca, b, cb, out, n, [](double x, double y) { return Clean(x / y); });
     default: return Apply(a, ca, b, cb, out, n, [kind](double x, double y) { return ApplyBinary(kind, x, y); });
   }
 }
