@@ -93,19 +93,25 @@ std::vector<ImplicitTracer::Cell> ImplicitTracer::CoarseCells() const {
 
 // The quarters of the cells that still differ in sign or definedness at corners or centre.
 std::vector<ImplicitTracer::Cell> ImplicitTracer::Split(const std::vector<Cell>& cells) const {
-  std::vector<Cell> quarters;
-  std::vector<double> xs, ys;
-  for (const Cell& c : cells) {
-    const int half = c.Size / 2;
+  std::vector<Cell> quarters(cells.size() * 4);
+  std::vector<double> xs(quarters.size() * 5), ys(quarters.size() * 5);
+  for (size_t c = 0; c < cells.size(); ++c) {
+    const int half = cells[c].Size / 2;
     for (int q = 0; q < 4; ++q) {
-      const Cell quarter{c.X + (q & 1) * half, c.Y + (q >> 1) * half, half};
-      quarters.push_back(quarter);
-      for (const auto& [dx, dy] : kCorners) xs.push_back(XAt(quarter.X + dx * half)), ys.push_back(YAt(quarter.Y + dy * half));
-      xs.push_back(XAt(quarter.X + half / 2.0)), ys.push_back(YAt(quarter.Y + half / 2.0));
+      const size_t at = c * 4 + static_cast<size_t>(q);
+      const Cell quarter{cells[c].X + (q & 1) * half, cells[c].Y + (q >> 1) * half, half};
+      quarters[at] = quarter;
+      for (size_t k = 0; k < 4; ++k) {
+        xs[at * 5 + k] = XAt(quarter.X + kCorners[k][0] * half);
+        ys[at * 5 + k] = YAt(quarter.Y + kCorners[k][1] * half);
+      }
+      xs[at * 5 + 4] = XAt(quarter.X + half / 2.0);
+      ys[at * 5 + 4] = YAt(quarter.Y + half / 2.0);
     }
   }
   const std::vector<double> v = Values(xs, ys);
   std::vector<Cell> kept;
+  kept.reserve(quarters.size() / 2);
   for (size_t i = 0; i < quarters.size(); ++i) {
     const int first = SignOf(v[i * 5]);
     bool mixed = false;
@@ -119,10 +125,11 @@ std::vector<ImplicitTracer::Cell> ImplicitTracer::Split(const std::vector<Cell>&
 // the edges the curve crosses.
 std::vector<ImplicitTracer::Cell> ImplicitTracer::Contour(const std::vector<Cell>& leaves,
                                                           std::vector<Segment>& segments) const {
-  std::vector<double> xs, ys;
-  for (const Cell& c : leaves) {
-    for (const auto& [dx, dy] : kCorners) xs.push_back(XAt(c.X + dx)), ys.push_back(YAt(c.Y + dy));
-    xs.push_back(XAt(c.X + 0.5)), ys.push_back(YAt(c.Y + 0.5));
+  std::vector<double> xs(leaves.size() * 5), ys(leaves.size() * 5);
+  for (size_t i = 0; i < leaves.size(); ++i) {
+    const Cell& c = leaves[i];
+    for (size_t k = 0; k < 4; ++k) xs[i * 5 + k] = XAt(c.X + kCorners[k][0]), ys[i * 5 + k] = YAt(c.Y + kCorners[k][1]);
+    xs[i * 5 + 4] = XAt(c.X + 0.5), ys[i * 5 + 4] = YAt(c.Y + 0.5);
   }
   const std::vector<double> v = Values(xs, ys);
 
@@ -137,6 +144,7 @@ std::vector<ImplicitTracer::Cell> ImplicitTracer::Contour(const std::vector<Cell
   };
   // Two leaves share an edge: its crossing is found once.
   QHash<qint64, int> crossingOfEdge;
+  crossingOfEdge.reserve(static_cast<qsizetype>(leaves.size()) * 2);
   const auto edgeKey = [](const Cell& leaf, int k) {
     const int x = leaf.X + (k == 1 ? 1 : 0);
     const int y = leaf.Y + (k == 2 ? 1 : 0);
@@ -260,7 +268,8 @@ std::vector<ImplicitTracer::Cell> ImplicitTracer::Contour(const std::vector<Cell
         if (lastSide[i] == 1) c.FLow /= 2;
         lastSide[i] = 1;
       }
-      if (QLineF(c.Low, c.High).length() > settledWidth) still.push_back(i);
+      const QPointF gap = c.High - c.Low;
+      if (QPointF::dotProduct(gap, gap) > settledWidth * settledWidth) still.push_back(i);
     }
     active.swap(still);
   }
@@ -297,22 +306,28 @@ std::vector<ImplicitTracer::Cell> ImplicitTracer::Contour(const std::vector<Cell
 }
 
 // Joins segments that share end points into polylines, so the painter strokes few long lines.
+// End points are matched through a sorted array of their keys.
 std::vector<QPolygonF> ImplicitTracer::Chain(const std::vector<Segment>& segments) const {
   const auto key = [&](const QPointF& p) {
     const qint64 ix = qRound64((p.x() - m_view.XMin()) / m_leafWidth * 4096);
     const qint64 iy = qRound64((p.y() - m_view.YMin()) / m_leafHeight * 4096);
     return (ix << 32) ^ iy;
   };
-  QMultiHash<qint64, size_t> ends;
+  struct End {
+    qint64 Key;
+    std::uint32_t Segment;
+    bool operator<(const End& other) const { return Key < other.Key; }
+  };
+  std::vector<End> ends(segments.size() * 2);
   for (size_t i = 0; i < segments.size(); ++i) {
-    ends.insert(key(segments[i].A), i);
-    ends.insert(key(segments[i].B), i);
+    ends[2 * i] = {key(segments[i].A), static_cast<std::uint32_t>(i)};
+    ends[2 * i + 1] = {key(segments[i].B), static_cast<std::uint32_t>(i)};
   }
+  std::sort(ends.begin(), ends.end());
   std::vector<bool> used(segments.size(), false);
-  const auto next = [&](const QPointF& at) -> std::optional<size_t> {
-    const qint64 k = key(at);
-    for (auto it = ends.constFind(k); it != ends.cend() && it.key() == k; ++it) {
-      if (!used[*it]) return *it;
+  const auto next = [&](qint64 k) -> std::optional<size_t> {
+    for (auto it = std::lower_bound(ends.begin(), ends.end(), End{k, 0}); it != ends.end() && it->Key == k; ++it) {
+      if (!used[it->Segment]) return it->Segment;
     }
     return std::nullopt;
   };
@@ -326,10 +341,13 @@ std::vector<QPolygonF> ImplicitTracer::Chain(const std::vector<Segment>& segment
     for (int direction = 0; direction < 2; ++direction) {
       QPolygonF& grown = direction == 0 ? forward : backward;
       QPointF tip = direction == 0 ? segments[start].B : segments[start].A;
-      while (const auto found = next(tip)) {
+      qint64 tipKey = key(tip);
+      while (const auto found = next(tipKey)) {
         used[*found] = true;
         const Segment& s = segments[*found];
-        tip = key(s.A) == key(tip) ? s.B : s.A;
+        const bool fromA = key(s.A) == tipKey;
+        tip = fromA ? s.B : s.A;
+        tipKey = key(tip);
         grown.append(tip);
       }
     }
