@@ -103,14 +103,24 @@ int Plot::QualityPercent() const {
   return std::clamp(static_cast<int>(std::lround(m_quality)), 1, 100);
 }
 
-ViewTransform Plot::View() const { return ViewTransform(m_xMin, m_xMax, m_yMin, m_yMax, m_size); }
+void Plot::SetDevicePixelRatio(double ratio) {
+  m_devicePixelRatio = std::isfinite(ratio) ? std::clamp(ratio, 1.0, 8.0) : 1.0;
+}
+
+QSize Plot::DeviceSize() const {
+  return QSize(static_cast<int>(std::lround(m_size.width() * m_devicePixelRatio)),
+               static_cast<int>(std::lround(m_size.height() * m_devicePixelRatio)));
+}
+
+ViewTransform Plot::View() const { return ViewTransform(m_xMin, m_xMax, m_yMin, m_yMax, DeviceSize()); }
 
 PlotStyle Plot::Style() const {
   PlotStyle style = m_style;
   style.Back = ColorOf(m_backColor);
   style.Axis = ColorOf(m_axisColor);
   if (!std::isfinite(style.Thickness) || style.Thickness <= 0) style.Thickness = 1;
-  style.Thickness = std::min(style.Thickness, 50.0);
+  style.Thickness = std::min(style.Thickness, 50.0) * m_devicePixelRatio;
+  style.Scale = m_devicePixelRatio;
   style.Antialiased = QualityPercent() >= 50;
   return style;
 }
@@ -189,17 +199,33 @@ void Plot::Paint(QPainter& painter) const {
 }
 
 QImage Plot::Picture(QImage::Format format) const {
-  QImage image(m_size.expandedTo(QSize(1, 1)), format);
+  QImage image(DeviceSize().expandedTo(QSize(1, 1)), format);
   image.fill(m_style.TransparentBackground && image.hasAlphaChannel() ? QColor(Qt::transparent) : ColorOf(m_backColor));
-  QPainter painter(&image);
-  Paint(painter);
+  {
+    QPainter painter(&image);
+    Paint(painter);
+  }
+  image.setDevicePixelRatio(m_devicePixelRatio);
   return image;
 }
 
 void Plot::SavePicture(const QString& name, std::int32_t kind) {
   const QByteArray format = FormatOf(name, kind);
   const bool alpha = format == "PNG" && m_style.TransparentBackground;
-  const QImage image = Picture(alpha ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
+  // A saved picture has the scene's size, whatever screen the scene is shown on.
+  const double ratio = m_devicePixelRatio;
+  QImage image;
+  if (ratio == 1) {
+    image = Picture(alpha ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
+  } else {
+    Plot flat = *this;
+    flat.OnProgress = nullptr;
+    flat.OnFinished = nullptr;
+    flat.SetDevicePixelRatio(1);
+    flat.Redraw();
+    image = flat.Picture(alpha ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
+  }
+  image.setDevicePixelRatio(1);
   QImageWriter writer(name, format);
   if (format == "JPEG") writer.setQuality(95);
   if (!writer.write(image)) throw core::RuntimeError(75, writer.errorString());

@@ -43,10 +43,16 @@ public:
   // ending, else PNG. Raises core::RuntimeError with the system's description on failure.
   void SavePicture(const QString& name, std::int32_t kind);
 
-  // Painting.
+  // Painting. The scene has a size in logical pixels; at a device pixel ratio above 1 (a
+  // high-density screen) it is sampled and painted in device pixels, size times ratio.
   QSize Size() const { return m_size; }
   void SetSize(QSize size) { m_size = size; }
+  double DevicePixelRatio() const { return m_devicePixelRatio; }
+  void SetDevicePixelRatio(double ratio);
+  // Paints in device pixels, for a painter on a surface of DeviceSize().
   void Paint(QPainter& painter) const;
+  QSize DeviceSize() const;
+  // The picture in device pixels, marked with the device pixel ratio.
   QImage Picture(QImage::Format format = QImage::Format_ARGB32_Premultiplied) const;
 
   // What could not be drawn since ClearAll, one line each: "row 2: unknown name \"z\"".
@@ -123,6 +129,7 @@ private:
   Drawing m_drawing;
 
   QSize m_size{800, 600};
+  double m_devicePixelRatio = 1;
   PlotStyle m_style;
   std::int32_t m_integralMode = 0;
   bool m_showTips = true;

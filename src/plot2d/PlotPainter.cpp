@@ -16,12 +16,13 @@ namespace plot2d {
 
 namespace {
 
+// Lengths in pixels at a device pixel ratio of 1; the painter scales them by PlotStyle::Scale.
 constexpr double kTick = 4;
 constexpr double kLabelGap = 4;
 
-QFont NumberFont() {
+QFont NumberFont(double scale) {
   QFont font;
-  font.setPixelSize(12);
+  font.setPixelSize(std::max(1, static_cast<int>(std::lround(12 * scale))));
   return font;
 }
 
@@ -77,19 +78,20 @@ double PlotPainter::YAxisPixel() const {
 
 double PlotPainter::XStep(const QFontMetricsF& metrics) const {
   // The step depends on how wide the labels are, and the labels on the step: settle it twice.
-  double step = AxisTicks::StepFor(m_view.XMax() - m_view.XMin(), m_view.Width(), 80);
+  const double k = m_style.Scale;
+  double step = AxisTicks::StepFor(m_view.XMax() - m_view.XMin(), m_view.Width(), 80 * k);
   for (int round = 0; round < 3; ++round) {
     double widest = 0;
     for (const double v : {m_view.XMin(), m_view.XMax(), -step, step}) {
       widest = std::max(widest, metrics.horizontalAdvance(AxisTicks::Label(std::round(v / step) * step, step)));
     }
-    step = AxisTicks::StepFor(m_view.XMax() - m_view.XMin(), m_view.Width(), std::max(48.0, widest + 18));
+    step = AxisTicks::StepFor(m_view.XMax() - m_view.XMin(), m_view.Width(), std::max(48.0 * k, widest + 18 * k));
   }
   return step;
 }
 
 double PlotPainter::YStep(const QFontMetricsF& metrics) const {
-  return AxisTicks::StepFor(m_view.YMax() - m_view.YMin(), m_view.Height(), std::max(36.0, metrics.height() * 2.4));
+  return AxisTicks::StepFor(m_view.YMax() - m_view.YMin(), m_view.Height(), std::max(36.0 * m_style.Scale, metrics.height() * 2.4));
 }
 
 void PlotPainter::Paint(QPainter& painter, const Drawing& drawing) const {
@@ -100,7 +102,7 @@ void PlotPainter::Paint(QPainter& painter, const Drawing& drawing) const {
   // slow to fill what it has not been told to leave out.
   painter.setClipRect(QRectF(0, 0, m_view.Width(), m_view.Height()));
   if (!m_style.TransparentBackground) painter.fillRect(QRectF(0, 0, m_view.Width(), m_view.Height()), m_style.Back);
-  painter.setFont(NumberFont());
+  painter.setFont(NumberFont(m_style.Scale));
   const QFontMetricsF metrics(painter.font());
   const double xStep = XStep(metrics);
   const double yStep = YStep(metrics);
@@ -121,9 +123,10 @@ void PlotPainter::Paint(QPainter& painter, const Drawing& drawing) const {
   Dots(painter, drawing);
   if (m_style.ShowIntegral) Labels(painter, drawing);
   if (m_style.ShowOuterFrame) {
-    painter.setPen(QPen(m_style.Axis, 1));
+    painter.setPen(QPen(m_style.Axis, m_style.Scale));
     painter.setBrush(Qt::NoBrush);
-    painter.drawRect(QRectF(0.5, 0.5, m_view.Width() - 1, m_view.Height() - 1));
+    const double inset = m_style.Scale / 2;
+    painter.drawRect(QRectF(inset, inset, m_view.Width() - 2 * inset, m_view.Height() - 2 * inset));
   }
   painter.restore();
 }
@@ -140,7 +143,7 @@ void PlotPainter::Grid(QPainter& painter, double xStep, double yStep) const {
       const double py = std::round(m_view.ToPixelY(y)) + 0.5;
       batch.emplace_back(QPointF(0, py), QPointF(m_view.Width(), py));
     }
-    painter.setPen(QPen(WithAlpha(m_style.Axis, alpha), 1));
+    painter.setPen(QPen(WithAlpha(m_style.Axis, alpha), std::max(1.0, std::round(m_style.Scale))));
     painter.drawLines(batch.data(), static_cast<int>(batch.size()));
   };
   painter.setRenderHint(QPainter::Antialiasing, false);
@@ -152,16 +155,17 @@ void PlotPainter::Grid(QPainter& painter, double xStep, double yStep) const {
 void PlotPainter::Axes(QPainter& painter, double xStep, double yStep) const {
   const double ax = XAxisPixel();
   const double ay = YAxisPixel();
-  painter.setPen(QPen(m_style.Axis, 1.2));
+  painter.setPen(QPen(m_style.Axis, 1.2 * m_style.Scale));
+  const double tick = kTick * m_style.Scale;
   painter.drawLine(QPointF(0, ax), QPointF(m_view.Width(), ax));
   painter.drawLine(QPointF(ay, 0), QPointF(ay, m_view.Height()));
   for (const double x : AxisTicks::Values(m_view.XMin(), m_view.XMax(), xStep)) {
     const double px = m_view.ToPixelX(x);
-    painter.drawLine(QPointF(px, ax - kTick), QPointF(px, ax + kTick));
+    painter.drawLine(QPointF(px, ax - tick), QPointF(px, ax + tick));
   }
   for (const double y : AxisTicks::Values(m_view.YMin(), m_view.YMax(), yStep)) {
     const double py = m_view.ToPixelY(y);
-    painter.drawLine(QPointF(ay - kTick, py), QPointF(ay + kTick, py));
+    painter.drawLine(QPointF(ay - tick, py), QPointF(ay + tick, py));
   }
 }
 
@@ -169,11 +173,12 @@ void PlotPainter::Numbers(QPainter& painter, double xStep, double yStep) const {
   const QFontMetricsF metrics(painter.font());
   const double ax = XAxisPixel();
   const double ay = YAxisPixel();
+  const double gap = kLabelGap * m_style.Scale;
   painter.setPen(m_style.Axis);
   // Below the x axis unless it runs along the bottom edge; left of the y axis unless it runs
   // along the left edge.
-  const bool below = ax + kLabelGap + metrics.height() < m_view.Height();
-  const double labelTop = below ? ax + kLabelGap : ax - kLabelGap - metrics.height();
+  const bool below = ax + gap + metrics.height() < m_view.Height();
+  const double labelTop = below ? ax + gap : ax - gap - metrics.height();
   for (const double x : AxisTicks::Values(m_view.XMin(), m_view.XMax(), xStep)) {
     if (x == 0 && m_view.XMin() < 0 && m_view.XMax() > 0) continue;
     const QString text = AxisTicks::Label(x, xStep);
@@ -183,18 +188,18 @@ void PlotPainter::Numbers(QPainter& painter, double xStep, double yStep) const {
     if (left < 1 || left + width > m_view.Width() - 1) continue;
     painter.drawText(QPointF(left, labelTop + metrics.ascent()), text);
   }
-  const bool leftOfAxis = ay - kLabelGap - metrics.horizontalAdvance(QStringLiteral("-00.0")) > 0;
+  const bool leftOfAxis = ay - gap - metrics.horizontalAdvance(QStringLiteral("-00.0")) > 0;
   for (const double y : AxisTicks::Values(m_view.YMin(), m_view.YMax(), yStep)) {
     if (y == 0 && m_view.YMin() < 0 && m_view.YMax() > 0) continue;
     const QString text = AxisTicks::Label(y, yStep);
     const double width = metrics.horizontalAdvance(text);
-    const double left = leftOfAxis ? ay - kLabelGap - width : ay + kLabelGap + 2;
+    const double left = leftOfAxis ? ay - gap - width : ay + gap + 2 * m_style.Scale;
     const double baseline = m_view.ToPixelY(y) + metrics.ascent() / 2 - 1;
     if (baseline - metrics.ascent() < 1 || baseline + metrics.descent() > m_view.Height() - 1) continue;
     painter.drawText(QPointF(left, baseline), text);
   }
   if (m_view.XMin() < 0 && m_view.XMax() > 0 && m_view.YMin() < 0 && m_view.YMax() > 0) {
-    painter.drawText(QPointF(ay - kLabelGap - metrics.horizontalAdvance(QStringLiteral("0")), labelTop + metrics.ascent()),
+    painter.drawText(QPointF(ay - gap - metrics.horizontalAdvance(QStringLiteral("0")), labelTop + metrics.ascent()),
                      QStringLiteral("0"));
   }
 }
@@ -268,11 +273,11 @@ std::vector<QPolygonF> PlotPainter::Visible(const QPolygonF& piece) const {
 }
 
 void PlotPainter::Dots(QPainter& painter, const Drawing& drawing) const {
-  const double radius = 2.5 + m_style.Thickness;
+  const double radius = 2.5 * m_style.Scale + m_style.Thickness;
   for (const Drawing::Dot& dot : drawing.Dots) {
     const QPointF at = m_view.ToPixel(dot.At.x(), dot.At.y());
     if (!std::isfinite(at.x()) || !std::isfinite(at.y())) continue;
-    painter.setPen(QPen(dot.Color, 1.6));
+    painter.setPen(QPen(dot.Color, 1.6 * m_style.Scale));
     painter.setBrush(dot.Filled ? QBrush(dot.Color) : QBrush(m_style.TransparentBackground ? Qt::white : m_style.Back));
     painter.drawEllipse(at, radius, radius);
   }
@@ -284,12 +289,13 @@ void PlotPainter::Labels(QPainter& painter, const Drawing& drawing) const {
     const QPointF at = m_view.ToPixel(label.At.x(), label.At.y());
     if (!std::isfinite(at.x()) || !std::isfinite(at.y())) continue;
     const double width = metrics.horizontalAdvance(label.Text);
-    QRectF box(at.x() - width / 2 - 4, at.y() - metrics.height() / 2 - 2, width + 8, metrics.height() + 4);
+    const double pad = 4 * m_style.Scale;
+    QRectF box(at.x() - width / 2 - pad, at.y() - metrics.height() / 2 - pad / 2, width + 2 * pad, metrics.height() + pad);
     box.moveLeft(std::clamp(box.left(), 2.0, m_view.Width() - box.width() - 2));
     box.moveTop(std::clamp(box.top(), 2.0, m_view.Height() - box.height() - 2));
     painter.setPen(Qt::NoPen);
     painter.setBrush(WithAlpha(Qt::white, 210));
-    painter.drawRoundedRect(box, 3, 3);
+    painter.drawRoundedRect(box, 3 * m_style.Scale, 3 * m_style.Scale);
     painter.setPen(label.Color);
     painter.drawText(box, Qt::AlignCenter, label.Text);
   }

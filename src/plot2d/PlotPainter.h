@@ -20,6 +20,9 @@ struct PlotStyle {
   double Thickness = 2;
   // Curves are antialiased unless the plot is drawn at low quality.
   bool Antialiased = true;
+  // Device pixels per logical pixel: pens, text, ticks and dots grow with it, so that a picture
+  // for a high-density screen is as sharp as the screen.
+  double Scale = 1;
 };
 
 // Paints a drawing into any QPainter at the view's size: background, grid, shaded regions, axes

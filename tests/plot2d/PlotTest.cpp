@@ -288,3 +288,25 @@ TEST(Plot, ColoursAreRedInTheLowByte) {
   EXPECT_EQ(Plot::ColorOf(16711680), QColor(0, 0, 255));
   EXPECT_EQ(Plot::ColorOf(NAN), QColor(Qt::black));
 }
+
+TEST(Plot, SharpOnHighDensityScreens) {
+  Plot plot = Bare(QSize(400, 300));
+  plot.SetDevicePixelRatio(2);
+  plot.SetThickness(2);
+  Add(plot, "y=0");
+  plot.Redraw();
+  const QImage picture = plot.Picture();
+  EXPECT_EQ(picture.size(), QSize(800, 600));  // device pixels
+  EXPECT_EQ(picture.devicePixelRatio(), 2);
+  // The line is two logical pixels thick: about four device pixels.
+  int inked = 0;
+  for (int y = 280; y < 320; ++y) inked += Inked(picture, 400, y);
+  EXPECT_GE(inked, 4);
+  EXPECT_LE(inked, 6);
+  // A saved picture keeps the scene's own size.
+  QTemporaryDir dir;
+  plot.SavePicture(dir.filePath("p.png"), 1);
+  EXPECT_EQ(QImage(dir.filePath("p.png")).size(), QSize(400, 300));
+  plot.SetDevicePixelRatio(NAN);
+  EXPECT_EQ(plot.DevicePixelRatio(), 1);
+}
