@@ -1,6 +1,6 @@
 #include "BlockProgram.h"
 
-#include "ElementKernels.h"
+#include "ElementKernelsImpl.h"
 #include "VectorMath.h"
 
 #include "numeric/NumericKernel.h"
@@ -18,21 +18,6 @@ constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 const double* Zeros() {
   static const std::array<double, BlockProgram::kBlock> zeros{};
   return zeros.data();
-}
-
-// Applies op element-wise to two sources that are each an array or a constant.
-template <typename Op>
-void Binary(const double* a, double ca, const double* b, double cb, double* out, std::size_t n, Op op) {
-  if (a && b) {
-    for (std::size_t i = 0; i < n; ++i) out[i] = op(a[i], b[i]);
-  } else if (a) {
-    for (std::size_t i = 0; i < n; ++i) out[i] = op(a[i], cb);
-  } else if (b) {
-    for (std::size_t i = 0; i < n; ++i) out[i] = op(ca, b[i]);
-  } else {
-    const double v = op(ca, cb);
-    std::fill(out, out + n, v);
-  }
 }
 
 double LogOfE() { return std::log(numeric::kE); }
@@ -150,7 +135,7 @@ void BlockProgram::Run(const Instruction& in, const Inputs& inputs, std::size_t 
     case NodeKind::Power:
       // Small whole exponents by multiplication, a half by the square root: the loops vectorise.
       if (a && !b && (cb == 2 || cb == 3 || cb == 4 || cb == 0.5)) return e.PowerBy(cb, a, out, n);
-      return Binary(a, ca, b, cb, out, n, [](double x, double y) { return numeric::Power(x, y); });
+      return kernels::Apply(a, ca, b, cb, out, n, [](double x, double y) { return numeric::Power(x, y); });
     case NodeKind::Negate:
       if (!a) return std::fill(out, out + n, -ca);
       return e.Scale(a, -1.0, out, n);

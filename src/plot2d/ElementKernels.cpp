@@ -1,4 +1,5 @@
 #include "ElementKernelsImpl.h"
+#include "VectorMath.h"
 
 namespace plot2d {
 
@@ -10,8 +11,7 @@ const ElementKernels& BaselineElementKernels() { return kernels::kTable; }
 
 const ElementKernels* Avx2ElementKernels() {
 #ifdef QUILLOGRAPH_HAVE_AVX2
-  static const bool supported = __builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma");
-  if (supported) return &Avx2ElementKernelTable();
+  if (ProcessorHasAvx2()) return &Avx2ElementKernelTable();
 #endif
   return nullptr;
 }

@@ -1,5 +1,6 @@
 #include "InequalityItem.h"
 
+#include "ColumnRegion.h"
 #include "CurveSampler.h"
 #include "PolylineSimplifier.h"
 
@@ -45,27 +46,7 @@ void InequalityItem::Draw(const ViewTransform& view, int quality, Drawing& drawi
       else high[i] = std::min(high[i], b);
     }
   }
-  QPainterPath path;
-  QPolygonF upper, lower;
-  const auto flush = [&] {
-    if (upper.size() >= 2) {
-      QPolygonF region = upper;
-      for (auto it = lower.crbegin(); it != lower.crend(); ++it) region << *it;
-      path.addPolygon(region);
-      path.closeSubpath();
-    }
-    upper.clear();
-    lower.clear();
-  };
-  for (size_t i = 0; i < xs.size(); ++i) {
-    if (!(low[i] < high[i])) {
-      flush();
-      continue;
-    }
-    upper << QPointF(xs[i], high[i]);
-    lower << QPointF(xs[i], low[i]);
-  }
-  flush();
+  const QPainterPath path = ColumnRegion(xs, high, low, [&](size_t i) { return low[i] < high[i]; });
   drawing.Fills.push_back({path, m_fill});
   for (const Part& part : m_parts) {
     CurveSource source;

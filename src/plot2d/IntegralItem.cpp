@@ -1,5 +1,7 @@
 #include "IntegralItem.h"
 
+#include "ColumnRegion.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -53,27 +55,7 @@ void IntegralItem::Draw(const ViewTransform& view, int quality, Drawing& drawing
   m_top.Evaluate(inputs, xs.size(), top.data());
   if (m_hasSecond) m_bottom.Evaluate(inputs, xs.size(), bottom.data());
 
-  QPainterPath path;
-  QPolygonF upper, lower;
-  const auto flush = [&] {
-    if (upper.size() >= 2) {
-      QPolygonF region = upper;
-      for (auto it = lower.crbegin(); it != lower.crend(); ++it) region << *it;
-      path.addPolygon(region);
-      path.closeSubpath();
-    }
-    upper.clear();
-    lower.clear();
-  };
-  for (size_t i = 0; i < xs.size(); ++i) {
-    if (std::isnan(top[i]) || std::isnan(bottom[i])) {
-      flush();
-      continue;
-    }
-    upper << QPointF(xs[i], top[i]);
-    lower << QPointF(xs[i], bottom[i]);
-  }
-  flush();
+  const QPainterPath path = ColumnRegion(xs, top, bottom, [&](size_t i) { return !std::isnan(top[i]) && !std::isnan(bottom[i]); });
   QColor fill = m_color;
   fill.setAlpha(90);
   drawing.Fills.push_back({path, fill});

@@ -28,10 +28,18 @@ const VectorKernels& Avx2KernelTable();  // VectorMathAvx2.cpp, built for AVX2 a
 
 const VectorKernels& ScalarKernels() { return kScalar; }
 
-const VectorKernels* Avx2Kernels() {
+bool ProcessorHasAvx2() {
 #ifdef QUILLOGRAPH_HAVE_AVX2
   static const bool supported = __builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma");
-  if (supported) return &Avx2KernelTable();
+  return supported;
+#else
+  return false;
+#endif
+}
+
+const VectorKernels* Avx2Kernels() {
+#ifdef QUILLOGRAPH_HAVE_AVX2
+  if (ProcessorHasAvx2()) return &Avx2KernelTable();
 #endif
   return nullptr;
 }

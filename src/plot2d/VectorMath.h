@@ -20,6 +20,9 @@ struct VectorKernels {
 // Chosen once, on first use, from what the processor supports.
 const VectorKernels& Kernels();
 
+// Whether this build has AVX2 kernels and the processor can run them.
+bool ProcessorHasAvx2();
+
 // The two implementations, for tests that compare them.
 const VectorKernels& ScalarKernels();
 // nullptr where the build or the processor has no AVX2.
