@@ -1,6 +1,7 @@
 #include "FuzzInput.h"
 
 #include "plot2d/BlockProgram.h"
+#include "plot2d/Derivative.h"
 #include "plot2d/LineParser.h"
 #include "plot2d/Plot.h"
 
@@ -14,6 +15,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     program.At(0.5, -0.25, 1, 2, 3);
   }
   plot2d::ParseExpression(text);
+  plot2d::Derivative(text);
   plot2d::ParseInequality(text);
   if (size < 200) {
     plot2d::Plot plot;

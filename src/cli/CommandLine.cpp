@@ -1,5 +1,6 @@
 #include "CommandLine.h"
 
+#include "DeriveCommand.h"
 #include "EvalCommand.h"
 #include "ExplainCommand.h"
 #include "PlotCommand.h"
@@ -31,6 +32,11 @@ QString HelpText() {
       "                        Error <number>: <description>.\n"
       "                      --exec runs an assignment such as x=2 first; --const gives a\n"
       "                      constant a value as a constant row does (a=2.5).\n"
+      "\n"
+      "  derive [TEXT...]    The derivative of a row's text, as the insert dialog puts it in a row:\n"
+      "                      y=... and a bare expression by x, x=... by y, r=... by theta; the\n"
+      "                      right-hand side alone. \"Could Not Derivative!\" and exit status 1\n"
+      "                      where there is none (implicit equations, point lists, commands).\n"
       "\n") +
       PlotHelp() +
       QString(
@@ -62,6 +68,7 @@ int Run(const QStringList& arguments, Streams streams) {
   if (command == u"explain") return RunExplain(rest, streams);
   if (command == u"eval") return RunEval(rest, streams);
   if (command == u"plot") return RunPlot(rest, streams);
+  if (command == u"derive") return RunDerive(rest, streams);
   streams.Err << "quillograph-cli: unknown command \"" << command << "\"\n\n" << HelpText();
   streams.Err.flush();
   return 2;

@@ -443,7 +443,7 @@ public:
   }
 };
 
-ParsedLine Parse(const QString& text, bool equation) {
+ParsedLine Parse(const QString& text, bool equation, bool fold) {
   ParsedLine line;
   Lexer lexer(text);
   auto tokens = lexer.Run(line.Error);
@@ -453,13 +453,13 @@ ParsedLine Parse(const QString& text, bool equation) {
     return line;
   }
   if (!Parser::Parse(std::move(*tokens), line, equation)) return line;
-  line.Tree.FoldConstants();
+  if (fold) line.Tree.FoldConstants();
   return line;
 }
 
 }  // namespace
 
-ParsedLine ParseLine(const QString& text) { return Parse(text, true); }
+ParsedLine ParseLine(const QString& text, bool fold) { return Parse(text, true, fold); }
 
 ParsedInequality ParseInequality(const QString& text) {
   ParsedLine line;
@@ -498,6 +498,6 @@ ParsedInequality ParseInequality(const QString& text) {
   return result;
 }
 
-ParsedLine ParseExpression(const QString& text) { return Parse(text, false); }
+ParsedLine ParseExpression(const QString& text) { return Parse(text, false, true); }
 
 }  // namespace plot2d

@@ -36,8 +36,8 @@ struct ParsedLine {
 // multiplication ("2x", "3(x+1)", "x sin(x)", "xy", "2pi"), "^" to the right, "-x^2" as -(x^2), a
 // number directly behind x, y, t, r, theta, pi or ")" as its exponent ("x2" is x^2, as the
 // normaliser reads it), "[...]" as fix(...), the editor's symbols ("q..symb" is theta).
-// Constants are folded.
-ParsedLine ParseLine(const QString& text);
+// Constants are folded unless fold is false (the derivative keeps "2*pi" as it was written).
+ParsedLine ParseLine(const QString& text, bool fold = true);
 
 // Parses an expression alone (the texts of integrals and parametric curves), with no "=" and no
 // conditions.

@@ -1,5 +1,6 @@
 #include "Plot.h"
 
+#include "Derivative.h"
 #include "Parallel.h"
 #include "PlotPainter.h"
 
@@ -191,6 +192,12 @@ void Plot::ZoomOut() {
   const double cx = (m_xMin + m_xMax) / 2, cy = (m_yMin + m_yMax) / 2;
   const double hx = m_xMax - m_xMin, hy = m_yMax - m_yMin;
   m_xMin = cx - hx, m_xMax = cx + hx, m_yMin = cy - hy, m_yMax = cy + hy;
+}
+
+QString Plot::Derivative(const QString& text) const {
+  const auto derivative = plot2d::Derivative(text);
+  if (!derivative) throw core::RuntimeError(5, QStringLiteral("no derivative of \"%1\"").arg(text));
+  return *derivative;
 }
 
 void Plot::Paint(QPainter& painter) const {

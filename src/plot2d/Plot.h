@@ -39,6 +39,9 @@ public:
   void ResetRange();
   void ZoomIn();
   void ZoomOut();
+  // The derivative of a row's text (see plot2d::Derivative); raises core::RuntimeError where
+  // there is none.
+  QString Derivative(const QString& text) const;
   // Kind 1 PNG (with alpha when the background is transparent), 2 JPEG, 3 BMP, 0 by the name's
   // ending, else PNG. Raises core::RuntimeError with the system's description on failure.
   void SavePicture(const QString& name, std::int32_t kind);

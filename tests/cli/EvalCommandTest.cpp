@@ -53,3 +53,16 @@ TEST(EvalCommand, HelpDocumentsEval) {
   const CliResult r = RunCli({"--help"});
   EXPECT_TRUE(r.Out.contains("eval [--script] [--exec STATEMENT]... [--const NAME=VALUE]... [TEXT...]"));
 }
+
+TEST(DeriveCommand, PrintsTheDerivativeOrTheMessage) {
+  CliResult r = RunCli({"derive", "y=x^3"});
+  EXPECT_EQ(r.Code, 0);
+  EXPECT_EQ(r.Out, "3*x^2\n");
+  r = RunCli({"derive", "x^2+y^2=1"});
+  EXPECT_EQ(r.Code, 1);
+  EXPECT_EQ(r.Out, "Could Not Derivative!\n");
+  r = RunCli({"derive"}, "y=sin(x)\n[x,y;1,2]\n");
+  EXPECT_EQ(r.Out, "cos(x)\nCould Not Derivative!\n");
+  EXPECT_EQ(r.Code, 1);
+  EXPECT_TRUE(RunCli({"--help"}).Out.contains("derive [TEXT...]"));
+}
