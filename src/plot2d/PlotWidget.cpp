@@ -1,0 +1,274 @@
+#include "PlotWidget.h"
+
+#include <QActionGroup>
+#include <QColorDialog>
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QWheelEvent>
+
+#include <cmath>
+
+namespace plot2d {
+
+namespace {
+
+constexpr int kQuickQuality = 20;
+constexpr int kQuickDelayMs = 15;    // quick pictures at most this often during a gesture
+constexpr int kWheelPauseMs = 180;   // a pause this long ends a wheel zoom
+constexpr double kWheelStep = 0.85;  // the range's factor for one notch of the wheel
+constexpr double kKeyStep = 0.1;     // the arrow keys move a tenth of the view
+
+// A colour as the scene stores it: red in the low byte.
+double ValueOf(const QColor& c) { return c.red() + c.green() * 256.0 + c.blue() * 65536.0; }
+
+}  // namespace
+
+PlotWidget::PlotWidget(QWidget* parent) : QWidget(parent), m_coordinate(new QLabel(this)), m_menu(new QMenu(this)) {
+  setMouseTracking(true);
+  setFocusPolicy(Qt::StrongFocus);
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  m_quick.setSingleShot(true);
+  m_quick.setInterval(kQuickDelayMs);
+  connect(&m_quick, &QTimer::timeout, this, [this] { Render(true); });
+  m_wheelEnd.setSingleShot(true);
+  m_wheelEnd.setInterval(kWheelPauseMs);
+  connect(&m_wheelEnd, &QTimer::timeout, this, [this] { EndGesture(); });
+  m_coordinate->setAttribute(Qt::WA_TransparentForMouseEvents);
+  m_coordinate->setStyleSheet("QLabel { background: rgba(255,255,255,220); border: 1px solid #999; padding: 1px 3px; }");
+  m_coordinate->hide();
+  m_plot.OnProgress = [this](int percent) { emit Progress(percent); };
+  m_plot.OnFinished = [this] { emit Finished(); };
+  ChooseColor = [this](const QColor& current, const QString& title) -> std::optional<QColor> {
+    const QColor chosen = QColorDialog::getColor(current, this, title);
+    if (!chosen.isValid()) return std::nullopt;
+    return chosen;
+  };
+  BuildMenu();
+}
+
+void PlotWidget::Redraw() { Render(false); }
+
+// Samples the scene for the widget's size and screen; a quick picture has low quality and is
+// followed by a full one when the gesture ends.
+void PlotWidget::Render(bool quick) {
+  m_plot.SetSize(size().expandedTo(QSize(1, 1)));
+  m_plot.SetDevicePixelRatio(devicePixelRatioF());
+  const double quality = m_plot.Quality();
+  if (quick) m_plot.SetQuality(std::min(quality, static_cast<double>(kQuickQuality)));
+  m_plot.Redraw();
+  m_picture = m_plot.Picture(QImage::Format_ARGB32_Premultiplied);
+  m_plot.SetQuality(quality);
+  m_pictureView[0] = m_plot.XMin(), m_pictureView[1] = m_plot.XMax();
+  m_pictureView[2] = m_plot.YMin(), m_pictureView[3] = m_plot.YMax();
+  m_readyPending = !quick;
+  update();
+}
+
+void PlotWidget::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.fillRect(rect(), Plot::ColorOf(m_plot.BackColor()));
+  if (!m_picture.isNull()) {
+    // The last picture where its view lies in the current one: shifted while panning, scaled
+    // while zooming, until a new picture comes.
+    const double w = width(), h = height();
+    const double sx = w / (m_plot.XMax() - m_plot.XMin());
+    const double sy = h / (m_plot.YMax() - m_plot.YMin());
+    const QRectF target(QPointF((m_pictureView[0] - m_plot.XMin()) * sx, (m_plot.YMax() - m_pictureView[3]) * sy),
+                        QPointF((m_pictureView[1] - m_plot.XMin()) * sx, (m_plot.YMax() - m_pictureView[2]) * sy));
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, m_dragging || m_wheelEnd.isActive());
+    painter.drawImage(target, m_picture);
+  }
+  painter.end();
+  if (m_readyPending) {
+    m_readyPending = false;
+    emit Ready();
+  }
+}
+
+void PlotWidget::resizeEvent(QResizeEvent*) { Render(false); }
+
+void PlotWidget::MoveBy(QPointF pixels) {
+  const double dx = -pixels.x() * (m_plot.XMax() - m_plot.XMin()) / std::max(1, width());
+  const double dy = pixels.y() * (m_plot.YMax() - m_plot.YMin()) / std::max(1, height());
+  m_plot.SetXMin(m_plot.XMin() + dx), m_plot.SetXMax(m_plot.XMax() + dx);
+  m_plot.SetYMin(m_plot.YMin() + dy), m_plot.SetYMax(m_plot.YMax() + dy);
+}
+
+// Scales the range about the point under the pointer, along the axes that ZoomType names.
+void PlotWidget::ZoomAbout(QPointF pixel, double factor) {
+  const double x = m_plot.XMin() + pixel.x() / std::max(1, width()) * (m_plot.XMax() - m_plot.XMin());
+  const double y = m_plot.YMax() - pixel.y() / std::max(1, height()) * (m_plot.YMax() - m_plot.YMin());
+  const int type = m_plot.ZoomType();
+  if (type == 1 || type == 3) {
+    m_plot.SetXMin(x + (m_plot.XMin() - x) * factor);
+    m_plot.SetXMax(x + (m_plot.XMax() - x) * factor);
+  }
+  if (type == 2 || type == 3) {
+    m_plot.SetYMin(y + (m_plot.YMin() - y) * factor);
+    m_plot.SetYMax(y + (m_plot.YMax() - y) * factor);
+  }
+}
+
+void PlotWidget::GestureMoved() {
+  update();  // the shifted or scaled picture at once
+  if (!m_quick.isActive()) m_quick.start();
+}
+
+void PlotWidget::EndGesture() {
+  m_quick.stop();
+  m_wheelEnd.stop();
+  Render(false);
+  emit ViewFinished(m_plot.XMin(), m_plot.XMax(), m_plot.YMin(), m_plot.YMax(), 1);
+}
+
+void PlotWidget::mousePressEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton && m_plot.Interactive()) {
+    m_dragging = true;
+    m_lastPointer = event->position();
+  }
+}
+
+void PlotWidget::mouseMoveEvent(QMouseEvent* event) {
+  if (m_dragging) {
+    MoveBy(event->position() - m_lastPointer);
+    m_lastPointer = event->position();
+    GestureMoved();
+  }
+  ShowCoordinate(event->position());
+}
+
+void PlotWidget::mouseReleaseEvent(QMouseEvent* event) {
+  if (m_dragging && event->button() == Qt::LeftButton) {
+    m_dragging = false;
+    EndGesture();
+  }
+}
+
+void PlotWidget::wheelEvent(QWheelEvent* event) {
+  if (!m_plot.Interactive()) return;
+  const double notches = event->angleDelta().y() / 120.0;
+  if (notches == 0) return;
+  ZoomAbout(event->position(), std::pow(kWheelStep, notches));
+  GestureMoved();
+  m_wheelEnd.start();
+}
+
+void PlotWidget::keyPressEvent(QKeyEvent* event) {
+  if (!m_plot.Interactive()) return QWidget::keyPressEvent(event);
+  const QPointF step(width() * kKeyStep, height() * kKeyStep);
+  switch (event->key()) {
+    case Qt::Key_Left: MoveBy({step.x(), 0}); break;   // the view moves left: the picture right
+    case Qt::Key_Right: MoveBy({-step.x(), 0}); break;
+    case Qt::Key_Up: MoveBy({0, step.y()}); break;
+    case Qt::Key_Down: MoveBy({0, -step.y()}); break;
+    case Qt::Key_Plus:
+    case Qt::Key_Equal: m_plot.ZoomIn(); break;
+    case Qt::Key_Minus: m_plot.ZoomOut(); break;
+    default: return QWidget::keyPressEvent(event);
+  }
+  Render(false);
+  emit ViewFinished(m_plot.XMin(), m_plot.XMax(), m_plot.YMin(), m_plot.YMax(), 0);
+}
+
+void PlotWidget::ShowCoordinate(QPointF pixel) {
+  if (!m_plot.ShowMouseCoordinate()) {
+    m_coordinate->hide();
+    return;
+  }
+  const double x = m_plot.XMin() + pixel.x() / std::max(1, width()) * (m_plot.XMax() - m_plot.XMin());
+  const double y = m_plot.YMax() - pixel.y() / std::max(1, height()) * (m_plot.YMax() - m_plot.YMin());
+  m_coordinate->setText(QStringLiteral("(%1, %2)").arg(x, 0, 'g', 6).arg(y, 0, 'g', 6));
+  m_coordinate->adjustSize();
+  // Beside the pointer, kept inside the widget.
+  QPoint at = pixel.toPoint() + QPoint(14, 14);
+  at.setX(std::min(at.x(), width() - m_coordinate->width() - 2));
+  at.setY(std::min(at.y(), height() - m_coordinate->height() - 2));
+  m_coordinate->move(at);
+  m_coordinate->show();
+}
+
+void PlotWidget::leaveEvent(QEvent*) { m_coordinate->hide(); }
+
+void PlotWidget::contextMenuEvent(QContextMenuEvent* event) {
+  // The check marks follow the scene, which the program may have changed meanwhile.
+  for (QAction* action : m_menu->actions()) {
+    const QString text = action->text();
+    if (text == u"Show Axis") action->setChecked(m_plot.ShowAxis());
+    if (text == u"Show Grid") action->setChecked(m_plot.ShowGrid());
+    if (text == u"Show Numbers") action->setChecked(m_plot.ShowNumbers());
+    if (text == u"Show Outer Frame") action->setChecked(m_plot.ShowOuterFrame());
+    if (text == u"Show Tips") action->setChecked(m_plot.ShowTips());
+    if (text == u"Show Mouse Coordinate") action->setChecked(m_plot.ShowMouseCoordinate());
+    if (text == u"Transparent Background") action->setChecked(m_plot.TransparentBackground());
+    if (text == u"Zoom X") action->setChecked(m_plot.ZoomType() == 1);
+    if (text == u"Zoom Y") action->setChecked(m_plot.ZoomType() == 2);
+    if (text == u"Zoom X and Y") action->setChecked(m_plot.ZoomType() == 3);
+  }
+  m_menu->exec(event->globalPos());
+}
+
+QList<QAction*> PlotWidget::MenuActions() const { return m_menu->actions(); }
+
+void PlotWidget::Changed(const QString& setting) {
+  Render(false);
+  emit SettingsChanged(setting);
+}
+
+void PlotWidget::BuildMenu() {
+  const auto toggle = [this](const QString& text, bool (Plot::*get)() const, void (Plot::*set)(bool)) {
+    QAction* action = m_menu->addAction(text);
+    action->setCheckable(true);
+    action->setChecked((m_plot.*get)());
+    connect(action, &QAction::triggered, this, [this, text, set](bool on) {
+      (m_plot.*set)(on);
+      if (text == u"Show Mouse Coordinate" && !on) m_coordinate->hide();
+      Changed(text);
+    });
+  };
+  toggle("Show Axis", &Plot::ShowAxis, &Plot::SetShowAxis);
+  toggle("Show Grid", &Plot::ShowGrid, &Plot::SetShowGrid);
+  toggle("Show Numbers", &Plot::ShowNumbers, &Plot::SetShowNumbers);
+  toggle("Show Outer Frame", &Plot::ShowOuterFrame, &Plot::SetShowOuterFrame);
+  toggle("Show Tips", &Plot::ShowTips, &Plot::SetShowTips);
+  toggle("Show Mouse Coordinate", &Plot::ShowMouseCoordinate, &Plot::SetShowMouseCoordinate);
+  toggle("Transparent Background", &Plot::TransparentBackground, &Plot::SetTransparentBackground);
+  m_menu->addSeparator();
+  const auto colour = [this](const QString& text, double (Plot::*get)() const, void (Plot::*set)(double)) {
+    connect(m_menu->addAction(text), &QAction::triggered, this, [this, text, get, set] {
+      if (const auto chosen = ChooseColor(Plot::ColorOf((m_plot.*get)()), text)) {
+        (m_plot.*set)(ValueOf(*chosen));
+        Changed(text);
+      }
+    });
+  };
+  colour("Back Colour...", &Plot::BackColor, &Plot::SetBackColor);
+  colour("Axis Colour...", &Plot::AxisColor, &Plot::SetAxisColor);
+  m_menu->addSeparator();
+  auto* zoomTypes = new QActionGroup(this);
+  for (const auto& [text, type] : {std::pair{"Zoom X", 1}, std::pair{"Zoom Y", 2}, std::pair{"Zoom X and Y", 3}}) {
+    QAction* action = m_menu->addAction(text);
+    action->setCheckable(true);
+    action->setChecked(m_plot.ZoomType() == type);
+    zoomTypes->addAction(action);
+    const QString name = QString::fromLatin1(text);
+    const int zoomType = type;
+    connect(action, &QAction::triggered, this, [this, name, zoomType] {
+      m_plot.SetZoomType(zoomType);
+      emit SettingsChanged(name);
+    });
+  }
+  m_menu->addSeparator();
+  const auto command = [this](const QString& text, void (Plot::*run)()) {
+    connect(m_menu->addAction(text), &QAction::triggered, this, [this, text, run] {
+      (m_plot.*run)();
+      Changed(text);
+    });
+  };
+  command("Zoom In", &Plot::ZoomIn);
+  command("Zoom Out", &Plot::ZoomOut);
+  command("Reset Range", &Plot::ResetRange);
+}
+
+}  // namespace plot2d
