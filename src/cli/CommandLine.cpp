@@ -45,6 +45,18 @@ QString HelpText() {
       "  -h, --help          Show this help. COMMAND --help shows the same.\n");
 }
 
+void ForEachText(const QStringList& texts, QTextStream& in, const std::function<void(const QString&)>& handle) {
+  if (!texts.isEmpty()) {
+    for (const QString& text : texts) handle(text);
+    return;
+  }
+  QString line;
+  while (in.readLineInto(&line)) {
+    if (line.endsWith(u'\r')) line.chop(1);
+    handle(line);
+  }
+}
+
 bool NeedsGui(const QStringList& arguments) { return !arguments.isEmpty() && arguments.first() == u"plot"; }
 
 int Run(const QStringList& arguments, Streams streams) {

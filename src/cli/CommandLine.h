@@ -3,6 +3,8 @@
 #include <QStringList>
 #include <QTextStream>
 
+#include <functional>
+
 namespace cli {
 
 // The streams a subcommand reads and writes, so that tests can run it in memory.
@@ -18,6 +20,10 @@ int Run(const QStringList& arguments, Streams streams);
 
 // The text of --help: every subcommand with its arguments.
 QString HelpText();
+
+// Hands each text to handle: the given texts, or with none, each line of in as it arrives (a
+// carriage return at the end of a line is dropped).
+void ForEachText(const QStringList& texts, QTextStream& in, const std::function<void(const QString&)>& handle);
 
 // Whether a command draws, and so needs a QGuiApplication (fonts) before it runs.
 bool NeedsGui(const QStringList& arguments);

@@ -101,16 +101,11 @@ int RunEval(const QStringList& arguments, Streams streams) {
   for (const QString& statement : options->Statements) calculator.Execute(statement, streams.Err);
   for (const QString& constant : options->Constants) calculator.Define(constant, streams.Err);
   streams.Err.flush();
-  if (options->Texts.isEmpty()) {
-    QString line;
-    while (streams.In.readLineInto(&line)) {
-      if (line.endsWith(u'\r')) line.chop(1);
-      streams.Out << calculator.Line(line) << '\n';
-      streams.Out.flush();
-    }
-  }
-  for (const QString& text : options->Texts) streams.Out << calculator.Line(text) << '\n';
-  streams.Out.flush();
+  // Each answer goes out at once, for a calculator answering line by line.
+  ForEachText(options->Texts, streams.In, [&](const QString& text) {
+    streams.Out << calculator.Line(text) << '\n';
+    streams.Out.flush();
+  });
   return 0;
 }
 

@@ -19,14 +19,7 @@ int RunExplain(const QStringList& arguments, Streams streams) {
 
   QStringList texts = arguments;
   if (!texts.isEmpty() && texts.first() == u"--") texts.removeFirst();
-  if (texts.isEmpty()) {
-    QString line;
-    while (streams.In.readLineInto(&line)) {
-      if (line.endsWith(u'\r')) line.chop(1);
-      streams.Out << Explain(state, line);
-    }
-  }
-  for (const QString& text : texts) streams.Out << Explain(state, text);
+  ForEachText(texts, streams.In, [&](const QString& text) { streams.Out << Explain(state, text); });
   streams.Out.flush();
   return 0;
 }
