@@ -7,6 +7,7 @@
 #include <QRectF>
 #include <QString>
 
+#include <functional>
 #include <vector>
 
 namespace plot2d {
@@ -18,6 +19,9 @@ struct Drawing {
     std::vector<QPolygonF> Pieces;
     QColor Color;
     Style Line = Style::Solid;
+    int Row = 0;   // the row it was added for, 0 where it is no row's
+    // For y = f(x), the function, so that points found on the picture can be made exact.
+    std::function<double(double)> Explicit;
   };
   struct Fill {
     QPainterPath Path;

@@ -147,7 +147,12 @@ void FunctionItem::DrawCurve(const ViewTransform& view, int quality, Drawing& dr
   }
   Shade(curve, view, drawing);
   SimplifyForView(curve.Pieces, view);
-  drawing.Curves.push_back({curve.Pieces, m_options.Color, m_options.Line});
+  Drawing::Curve drawn{curve.Pieces, m_options.Color, m_options.Line, m_index, {}};
+  if (m_kind == 1 && !m_source.HasCondition) {
+    const BlockProgram f = m_source.First;
+    drawn.Explicit = [f](double x) { return f.At(x); };
+  }
+  drawing.Curves.push_back(std::move(drawn));
   if (m_options.EndDots) {
     for (const EndPoint& end : curve.Ends) drawing.Dots.push_back({end.At, m_options.Color, end.Inclusive});
   }
@@ -205,7 +210,7 @@ void FunctionItem::DrawImplicit(const ViewTransform& view, int quality, Drawing&
     for (const BlockProgram& factor : m_factors) trace(factor);
   }
   SimplifyForView(lines, view);
-  drawing.Curves.push_back({std::move(lines), m_options.Color, m_options.Line});
+  drawing.Curves.push_back({std::move(lines), m_options.Color, m_options.Line, m_index, {}});
 }
 
 // The side where F > G (or F < G), cell by cell at about two pixels, as a translucent image.

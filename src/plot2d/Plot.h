@@ -61,6 +61,8 @@ public:
   // What could not be drawn since ClearAll, one line each: "row 2: unknown name \"z\"".
   QStringList Problems() const { return m_problems; }
   const Drawing& LastDrawing() const { return m_drawing; }
+  // The range mapped onto device pixels, as the last drawing was made.
+  ViewTransform View() const;
 
   // Called during Redraw with 0 to 100, and when it has finished.
   std::function<void(int)> OnProgress;
@@ -119,7 +121,6 @@ public:
 
 private:
   PlotStyle Style() const;
-  ViewTransform View() const;
   int QualityPercent() const;
   void Remember(int row, const QString& what, const QString& problem);
 

@@ -1,0 +1,195 @@
+#include "SpecialPoints.h"
+
+#include "core/NumberText.h"
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <optional>
+
+namespace plot2d {
+
+namespace {
+
+constexpr int kSteps = 80;
+
+using Function = std::function<double(double)>;
+
+// A root of f between a and b, where f changes sign.
+double Bisect(const Function& f, double a, double b) {
+  double fa = f(a);
+  for (int i = 0; i < kSteps; ++i) {
+    const double m = (a + b) / 2;
+    const double fm = f(m);
+    if (!std::isfinite(fm)) break;
+    if ((fm > 0) == (fa > 0)) a = m, fa = fm;
+    else b = m;
+  }
+  return (a + b) / 2;
+}
+
+// The extremum of f in [a, b] (golden section): the largest value when maximum, else the smallest.
+double Golden(const Function& f, double a, double b, bool maximum) {
+  const double ratio = (std::sqrt(5.0) - 1) / 2;
+  const auto better = [&](double u, double v) { return maximum ? f(u) > f(v) : f(u) < f(v); };
+  double c = b - ratio * (b - a), d = a + ratio * (b - a);
+  for (int i = 0; i < kSteps; ++i) {
+    if (better(c, d)) b = d;
+    else a = c;
+    c = b - ratio * (b - a), d = a + ratio * (b - a);
+  }
+  return (a + b) / 2;
+}
+
+// Whether two boxes share a point; unlike QRectF::intersects, flat boxes (a level segment) count.
+bool Overlap(const QRectF& a, const QRectF& b) {
+  return a.left() <= b.right() && b.left() <= a.right() && a.top() <= b.bottom() && b.top() <= a.bottom();
+}
+
+bool InView(QPointF p, const ViewTransform& view) {
+  return p.x() >= view.XMin() && p.x() <= view.XMax() && p.y() >= view.YMin() && p.y() <= view.YMax();
+}
+
+// Where segments a1-a2 and b1-b2 cross, if they do.
+std::optional<QPointF> Crossing(QPointF a1, QPointF a2, QPointF b1, QPointF b2) {
+  const QPointF r = a2 - a1, s = b2 - b1;
+  const double d = r.x() * s.y() - r.y() * s.x();
+  if (d == 0) return std::nullopt;
+  const QPointF q = b1 - a1;
+  const double t = (q.x() * s.y() - q.y() * s.x()) / d;
+  const double u = (q.x() * r.y() - q.y() * r.x()) / d;
+  if (t < 0 || t > 1 || u < 0 || u > 1) return std::nullopt;
+  return a1 + t * r;
+}
+
+void Roots(const Drawing::Curve& c, std::vector<SpecialPoint>& out) {
+  for (const QPolygonF& piece : c.Pieces) {
+    for (qsizetype i = 1; i < piece.size(); ++i) {
+      const QPointF a = piece[i - 1], b = piece[i];
+      if (a.y() == 0) out.push_back({a, SpecialPoint::Kind::Root});
+      if ((a.y() < 0) == (b.y() < 0) || b.y() == 0) continue;
+      const double x = c.Explicit ? Bisect(c.Explicit, a.x(), b.x()) : a.x() + (b.x() - a.x()) * a.y() / (a.y() - b.y());
+      out.push_back({QPointF(x, 0), SpecialPoint::Kind::Root});
+    }
+  }
+}
+
+void Extrema(const Drawing::Curve& c, std::vector<SpecialPoint>& out) {
+  for (const QPolygonF& piece : c.Pieces) {
+    for (qsizetype i = 1; i + 1 < piece.size(); ++i) {
+      const double before = piece[i].y() - piece[i - 1].y();
+      const double after = piece[i + 1].y() - piece[i].y();
+      const bool maximum = before > 0 && after <= 0;
+      const bool minimum = before < 0 && after >= 0;
+      if (!maximum && !minimum) continue;
+      QPointF at = piece[i];
+      if (c.Explicit) {
+        const double x = Golden(c.Explicit, piece[i - 1].x(), piece[i + 1].x(), maximum);
+        at = QPointF(x, c.Explicit(x));
+      }
+      out.push_back({at, maximum ? SpecialPoint::Kind::Maximum : SpecialPoint::Kind::Minimum});
+    }
+  }
+}
+
+void YIntercepts(const Drawing::Curve& c, std::vector<SpecialPoint>& out) {
+  if (c.Explicit) {
+    const double y = c.Explicit(0);
+    if (std::isfinite(y)) out.push_back({QPointF(0, y), SpecialPoint::Kind::YIntercept});
+    return;
+  }
+  for (const QPolygonF& piece : c.Pieces) {
+    for (qsizetype i = 1; i < piece.size(); ++i) {
+      const QPointF a = piece[i - 1], b = piece[i];
+      if ((a.x() < 0) == (b.x() < 0) || a.x() == b.x()) continue;
+      out.push_back({a + (b - a) * (-a.x() / (b.x() - a.x())), SpecialPoint::Kind::YIntercept});
+    }
+  }
+}
+
+void Intersections(const Drawing& drawing, std::size_t index, std::vector<SpecialPoint>& out) {
+  const Drawing::Curve& c = drawing.Curves[index];
+  for (std::size_t other = 0; other < drawing.Curves.size(); ++other) {
+    if (other == index) continue;
+    const Drawing::Curve& d = drawing.Curves[other];
+    for (const QPolygonF& p : c.Pieces) {
+      const QRectF pBox = p.boundingRect();
+      for (const QPolygonF& q : d.Pieces) {
+        if (!Overlap(pBox, q.boundingRect())) continue;
+        for (qsizetype i = 1; i < p.size(); ++i) {
+          const QRectF a = QRectF(p[i - 1], p[i]).normalized();
+          for (qsizetype j = 1; j < q.size(); ++j) {
+            const QRectF b = QRectF(q[j - 1], q[j]).normalized();
+            if (!Overlap(a, b)) continue;
+            auto at = Crossing(p[i - 1], p[i], q[j - 1], q[j]);
+            if (!at) continue;
+            if (c.Explicit && d.Explicit) {
+              const Function difference = [&](double x) { return c.Explicit(x) - d.Explicit(x); };
+              const double lo = std::max(std::min(p[i - 1].x(), p[i].x()), std::min(q[j - 1].x(), q[j].x()));
+              const double hi = std::min(std::max(p[i - 1].x(), p[i].x()), std::max(q[j - 1].x(), q[j].x()));
+              if (lo < hi && (difference(lo) > 0) != (difference(hi) > 0)) {
+                const double x = Bisect(difference, lo, hi);
+                at = QPointF(x, c.Explicit(x));
+              }
+            }
+            out.push_back({*at, SpecialPoint::Kind::Intersection});
+          }
+        }
+      }
+    }
+  }
+}
+
+}  // namespace
+
+std::vector<SpecialPoint> FindSpecialPoints(const Drawing& drawing, std::size_t curve, const ViewTransform& view) {
+  std::vector<SpecialPoint> found;
+  if (curve >= drawing.Curves.size()) return found;
+  const Drawing::Curve& c = drawing.Curves[curve];
+  Roots(c, found);
+  Extrema(c, found);
+  YIntercepts(c, found);
+  Intersections(drawing, curve, found);
+  // In view, and one of each where two lie within a pixel of each other.
+  std::vector<SpecialPoint> kept;
+  for (const SpecialPoint& p : found) {
+    if (!InView(p.At, view) || !std::isfinite(p.At.x()) || !std::isfinite(p.At.y())) continue;
+    const bool near = std::any_of(kept.begin(), kept.end(), [&](const SpecialPoint& k) {
+      return k.What == p.What && std::abs(view.ToPixelX(k.At.x()) - view.ToPixelX(p.At.x())) < 1 &&
+             std::abs(view.ToPixelY(k.At.y()) - view.ToPixelY(p.At.y())) < 1;
+    });
+    if (!near) kept.push_back(p);
+  }
+  return kept;
+}
+
+QString PointText(QPointF at) {
+  return QStringLiteral("(%1, %2)").arg(core::FormatNumber(at.x()), core::FormatNumber(at.y()));
+}
+
+std::pair<int, QPointF> NearestCurvePoint(const Drawing& drawing, const ViewTransform& view, QPointF pixel, double reach) {
+  int best = -1;
+  QPointF bestAt;
+  double bestDistance = reach;
+  for (std::size_t c = 0; c < drawing.Curves.size(); ++c) {
+    for (const QPolygonF& piece : drawing.Curves[c].Pieces) {
+      for (qsizetype i = 1; i < piece.size(); ++i) {
+        const QPointF a = view.ToPixel(piece[i - 1].x(), piece[i - 1].y());
+        const QPointF b = view.ToPixel(piece[i].x(), piece[i].y());
+        const QPointF d = b - a;
+        const double length2 = QPointF::dotProduct(d, d);
+        const double t = length2 > 0 ? std::clamp(QPointF::dotProduct(pixel - a, d) / length2, 0.0, 1.0) : 0;
+        const QPointF on = a + t * d;
+        const double distance = std::hypot(on.x() - pixel.x(), on.y() - pixel.y());
+        if (distance < bestDistance) {
+          bestDistance = distance;
+          best = static_cast<int>(c);
+          bestAt = piece[i - 1] + t * (piece[i] - piece[i - 1]);
+        }
+      }
+    }
+  }
+  return {best, bestAt};
+}
+
+}  // namespace plot2d

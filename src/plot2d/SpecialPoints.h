@@ -1,0 +1,30 @@
+#pragma once
+
+#include "Drawing.h"
+#include "ViewTransform.h"
+
+#include <QPointF>
+#include <QString>
+
+#include <vector>
+
+namespace plot2d {
+
+struct SpecialPoint {
+  enum class Kind : std::uint8_t { Root, Maximum, Minimum, YIntercept, Intersection };
+  QPointF At;
+  Kind What = Kind::Root;
+};
+
+// The special points of one curve of a drawing that lie in the view: its roots, local extrema,
+// the y-intercept and its intersections with the other curves. Found on the sampled curve, then,
+// for a curve y = f(x), refined on f itself (bisection, golden section).
+std::vector<SpecialPoint> FindSpecialPoints(const Drawing& drawing, std::size_t curve, const ViewTransform& view);
+
+// "(x, y)" at full precision, as a click on a special point copies it.
+QString PointText(QPointF at);
+
+// The point of a curve nearest to pixel, within reach pixels: its index and the point, or -1.
+std::pair<int, QPointF> NearestCurvePoint(const Drawing& drawing, const ViewTransform& view, QPointF pixel, double reach);
+
+}  // namespace plot2d

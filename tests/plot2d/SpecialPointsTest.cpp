@@ -1,0 +1,127 @@
+#include "plot2d/Plot.h"
+#include "plot2d/SpecialPoints.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <numbers>
+
+using plot2d::Plot;
+using plot2d::SpecialPoint;
+using Kind = plot2d::SpecialPoint::Kind;
+
+namespace {
+
+Plot Drawn(std::initializer_list<const char*> lines, double range = 10) {
+  Plot plot;
+  plot.SetSize(QSize(600, 600));
+  plot.SetXMin(-range), plot.SetXMax(range), plot.SetYMin(-range), plot.SetYMax(range);
+  std::int16_t row = 0;
+  for (const char* line : lines) {
+    std::int32_t kind = 0;
+    plot.AddFunction(++row, line, 0, false, kind, false, false, false, 0);
+  }
+  plot.Redraw();
+  return plot;
+}
+
+std::vector<QPointF> Of(const std::vector<SpecialPoint>& points, Kind kind) {
+  std::vector<QPointF> out;
+  for (const SpecialPoint& p : points) {
+    if (p.What == kind) out.push_back(p.At);
+  }
+  std::sort(out.begin(), out.end(), [](QPointF a, QPointF b) { return a.x() < b.x(); });
+  return out;
+}
+
+std::vector<SpecialPoint> Found(const Plot& plot, std::size_t curve = 0) {
+  return plot2d::FindSpecialPoints(plot.LastDrawing(), curve, plot.View());
+}
+
+}  // namespace
+
+TEST(SpecialPoints, RootsOfAnExplicitCurveAreExact) {
+  const Plot plot = Drawn({"y=x^2-2"});
+  const auto roots = Of(Found(plot), Kind::Root);
+  ASSERT_EQ(roots.size(), 2u);
+  EXPECT_NEAR(roots[0].x(), -std::sqrt(2.0), 1e-13);
+  EXPECT_NEAR(roots[1].x(), std::sqrt(2.0), 1e-13);
+  EXPECT_EQ(roots[0].y(), 0);
+}
+
+TEST(SpecialPoints, ExtremaAreMaximaAndMinimaRefinedOnTheFunction) {
+  const Plot plot = Drawn({"y=sin(x)"});
+  const auto points = Found(plot);
+  const auto maxima = Of(points, Kind::Maximum), minima = Of(points, Kind::Minimum);
+  ASSERT_EQ(maxima.size(), 3u);  // -3pi/2, pi/2, 5pi/2 lie in [-10, 10]
+  ASSERT_EQ(minima.size(), 3u);
+  EXPECT_NEAR(maxima[1].x(), std::numbers::pi / 2, 1e-7);
+  EXPECT_NEAR(maxima[1].y(), 1, 1e-14);
+  EXPECT_NEAR(minima[1].x(), -std::numbers::pi / 2, 1e-7);
+  EXPECT_EQ(Of(points, Kind::Root).size(), 7u);  // 0, ±pi, ±2pi, ±3pi
+}
+
+TEST(SpecialPoints, TheYInterceptIsTheValueAtZero) {
+  const Plot plot = Drawn({"y=exp(x)"});
+  const auto at = Of(Found(plot), Kind::YIntercept);
+  ASSERT_EQ(at.size(), 1u);
+  EXPECT_EQ(at[0], QPointF(0, 1));
+  EXPECT_TRUE(Of(Found(plot), Kind::Root).empty());
+}
+
+TEST(SpecialPoints, IntersectionsOfTwoCurvesAreFoundFromEither) {
+  const Plot plot = Drawn({"y=x^2", "y=x+2"});
+  for (std::size_t curve : {0u, 1u}) {
+    const auto at = Of(Found(plot, curve), Kind::Intersection);
+    ASSERT_EQ(at.size(), 2u) << curve;
+    EXPECT_NEAR(at[0].x(), -1, 1e-12);
+    EXPECT_NEAR(at[0].y(), 1, 1e-12);
+    EXPECT_NEAR(at[1].x(), 2, 1e-12);
+    EXPECT_NEAR(at[1].y(), 4, 1e-12);
+  }
+}
+
+TEST(SpecialPoints, ALevelLineMeetsACurve) {
+  const Plot plot = Drawn({"y=2", "y=x"});
+  const auto at = Of(Found(plot, 0), Kind::Intersection);
+  ASSERT_EQ(at.size(), 1u);
+  EXPECT_NEAR(at[0].x(), 2, 1e-12);
+  EXPECT_TRUE(Of(Found(plot, 0), Kind::Maximum).empty());
+}
+
+TEST(SpecialPoints, AnImplicitCurveHasItsPointsFromThePicture) {
+  const Plot plot = Drawn({"x^2+y^2=16"});
+  const auto points = Found(plot);
+  const auto roots = Of(points, Kind::Root);
+  ASSERT_EQ(roots.size(), 2u);
+  EXPECT_NEAR(roots[0].x(), -4, 0.05);
+  EXPECT_NEAR(roots[1].x(), 4, 0.05);
+  const auto at = Of(points, Kind::YIntercept);
+  ASSERT_EQ(at.size(), 2u);
+}
+
+TEST(SpecialPoints, PointsOutsideTheViewAreLeftOut) {
+  const Plot plot = Drawn({"y=x^2-400"});  // roots at ±20, minimum far below
+  EXPECT_TRUE(Found(plot).empty());
+}
+
+TEST(SpecialPoints, NoCurveOrAnUnknownIndexGivesNothing) {
+  const Plot plot = Drawn({});
+  EXPECT_TRUE(Found(plot, 0).empty());
+  EXPECT_TRUE(Found(Drawn({"y=x"}), 5).empty());
+}
+
+TEST(SpecialPoints, PointTextIsFullPrecision) {
+  EXPECT_EQ(plot2d::PointText(QPointF(std::sqrt(2.0), 0)), "(1.4142135623731, 0)");
+  EXPECT_EQ(plot2d::PointText(QPointF(-1, 2.5)), "(-1, 2.5)");
+}
+
+TEST(SpecialPoints, TheNearestCurvePointIsWithinReach) {
+  const Plot plot = Drawn({"y=x"});
+  const auto view = plot.View();
+  const auto [curve, at] = plot2d::NearestCurvePoint(plot.LastDrawing(), view, view.ToPixel(3, 3) + QPointF(2, 0), 6);
+  EXPECT_EQ(curve, 0);
+  EXPECT_NEAR(at.x(), 3 + view.XPerPixel(), 0.05);
+  const auto [none, unused] = plot2d::NearestCurvePoint(plot.LastDrawing(), view, view.ToPixel(3, -3), 6);
+  EXPECT_EQ(none, -1);
+}
