@@ -3,8 +3,10 @@
 #include "core/NumberText.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <functional>
+#include <memory>
 #include <optional>
 
 namespace plot2d {
@@ -107,35 +109,82 @@ void YIntercepts(const Drawing::Curve& c, std::vector<SpecialPoint>& out) {
   }
 }
 
-void Intersections(const Drawing& drawing, std::size_t index, std::vector<SpecialPoint>& out) {
-  const Drawing::Curve& c = drawing.Curves[index];
+// The crossing refined on both functions where both curves are y = f(x).
+QPointF Refined(const Drawing::Curve& c, const Drawing::Curve& d, QPointF a1, QPointF a2, QPointF b1, QPointF b2, QPointF at) {
+  if (!c.Explicit || !d.Explicit) return at;
+  const Function difference = [&](double x) { return c.Explicit(x) - d.Explicit(x); };
+  const double lo = std::max(std::min(a1.x(), a2.x()), std::min(b1.x(), b2.x()));
+  const double hi = std::min(std::max(a1.x(), a2.x()), std::max(b1.x(), b2.x()));
+  if (!(lo < hi) || (difference(lo) > 0) == (difference(hi) > 0)) return at;
+  const double x = Bisect(difference, lo, hi);
+  return QPointF(x, c.Explicit(x));
+}
+
+struct Segment {
+  QPointF A, B;
+  std::size_t Curve;
+};
+
+// The segments of the other curves, filed by the columns of the view their x-range spans, so that
+// a segment is tried only against the few that share a column with it.
+class Columns {
+public:
+  static constexpr int kCount = 256;
+
+  explicit Columns(const ViewTransform& view) : m_min(view.XMin()), m_width((view.XMax() - view.XMin()) / kCount) {}
+
+  void File(const Segment& s) {
+    const auto [first, last] = Span(s.A.x(), s.B.x());
+    for (int i = first; i <= last; ++i) m_columns[static_cast<std::size_t>(i)].push_back(s);
+  }
+
+  // Each segment that shares a column with the one from a to b, once.
+  template <typename Visit>
+  void Near(QPointF a, QPointF b, Visit visit) const {
+    const auto [first, last] = Span(a.x(), b.x());
+    for (int i = first; i <= last; ++i) {
+      for (const Segment& s : m_columns[static_cast<std::size_t>(i)]) {
+        // A segment filed in several columns is visited in the first that both share.
+        if (std::max(first, Column(std::min(s.A.x(), s.B.x()))) < i) continue;
+        visit(s);
+      }
+    }
+  }
+
+private:
+  int Column(double x) const {
+    const double at = std::floor((x - m_min) / m_width);
+    return static_cast<int>(std::clamp(at, 0.0, kCount - 1.0));
+  }
+  std::pair<int, int> Span(double x1, double x2) const { return {Column(std::min(x1, x2)), Column(std::max(x1, x2))}; }
+
+  double m_min, m_width;
+  std::array<std::vector<Segment>, kCount> m_columns;
+};
+
+void Intersections(const Drawing& drawing, std::size_t index, const ViewTransform& view, std::vector<SpecialPoint>& out) {
+  if (!(view.XMax() > view.XMin())) return;
+  auto columns = std::make_unique<Columns>(view);
   for (std::size_t other = 0; other < drawing.Curves.size(); ++other) {
     if (other == index) continue;
-    const Drawing::Curve& d = drawing.Curves[other];
-    for (const QPolygonF& p : c.Pieces) {
-      const QRectF pBox = p.boundingRect();
-      for (const QPolygonF& q : d.Pieces) {
-        if (!Overlap(pBox, q.boundingRect())) continue;
-        for (qsizetype i = 1; i < p.size(); ++i) {
-          const QRectF a = QRectF(p[i - 1], p[i]).normalized();
-          for (qsizetype j = 1; j < q.size(); ++j) {
-            const QRectF b = QRectF(q[j - 1], q[j]).normalized();
-            if (!Overlap(a, b)) continue;
-            auto at = Crossing(p[i - 1], p[i], q[j - 1], q[j]);
-            if (!at) continue;
-            if (c.Explicit && d.Explicit) {
-              const Function difference = [&](double x) { return c.Explicit(x) - d.Explicit(x); };
-              const double lo = std::max(std::min(p[i - 1].x(), p[i].x()), std::min(q[j - 1].x(), q[j].x()));
-              const double hi = std::min(std::max(p[i - 1].x(), p[i].x()), std::max(q[j - 1].x(), q[j].x()));
-              if (lo < hi && (difference(lo) > 0) != (difference(hi) > 0)) {
-                const double x = Bisect(difference, lo, hi);
-                at = QPointF(x, c.Explicit(x));
-              }
-            }
-            out.push_back({*at, SpecialPoint::Kind::Intersection});
-          }
-        }
+    for (const QPolygonF& q : drawing.Curves[other].Pieces) {
+      for (qsizetype j = 1; j < q.size(); ++j) {
+        if (std::max(q[j - 1].x(), q[j].x()) < view.XMin() || std::min(q[j - 1].x(), q[j].x()) > view.XMax()) continue;
+        columns->File({q[j - 1], q[j], other});
       }
+    }
+  }
+  const Drawing::Curve& c = drawing.Curves[index];
+  for (const QPolygonF& p : c.Pieces) {
+    for (qsizetype i = 1; i < p.size(); ++i) {
+      const QPointF a1 = p[i - 1], a2 = p[i];
+      const QRectF box = QRectF(a1, a2).normalized();
+      columns->Near(a1, a2, [&](const Segment& s) {
+        if (!Overlap(box, QRectF(s.A, s.B).normalized())) return;
+        if (const auto at = Crossing(a1, a2, s.A, s.B)) {
+          out.push_back({Refined(c, drawing.Curves[s.Curve], a1, a2, s.A, s.B, *at), SpecialPoint::Kind::Intersection});
+        }
+      });
     }
   }
 }
@@ -149,7 +198,7 @@ std::vector<SpecialPoint> FindSpecialPoints(const Drawing& drawing, std::size_t 
   Roots(c, found);
   Extrema(c, found);
   YIntercepts(c, found);
-  Intersections(drawing, curve, found);
+  Intersections(drawing, curve, view, found);
   // In view, and one of each where two lie within a pixel of each other.
   std::vector<SpecialPoint> kept;
   for (const SpecialPoint& p : found) {

@@ -89,6 +89,41 @@ TEST(SpecialPoints, ALevelLineMeetsACurve) {
   EXPECT_TRUE(Of(Found(plot, 0), Kind::Maximum).empty());
 }
 
+TEST(SpecialPoints, ALineCrossingManyLevelLinesMeetsEachOnce) {
+  Plot plot;
+  plot.SetSize(QSize(600, 600));
+  std::int16_t row = 0;
+  for (int k = -9; k <= 9; ++k) {
+    std::int32_t kind = 0;
+    plot.AddFunction(++row, QStringLiteral("y=%1").arg(k), 0, false, kind, false, false, false, 0);
+  }
+  std::int32_t kind = 0;
+  plot.AddFunction(++row, "y=x", 0, false, kind, false, false, false, 0);
+  plot.Redraw();
+  const auto at = Of(Found(plot, 19), Kind::Intersection);
+  ASSERT_EQ(at.size(), 19u);
+  for (int k = -9; k <= 9; ++k) EXPECT_NEAR(at[static_cast<std::size_t>(k + 9)].x(), k, 1e-12);
+}
+
+TEST(SpecialPoints, PolarAndParametricCurvesMeetALine) {
+  Plot plot;
+  plot.SetSize(QSize(600, 600));
+  std::int32_t kind = 0;
+  plot.AddFunction(1, "y=x", 0, false, kind, false, false, false, 0);
+  plot.AddFunction(2, "r=4", 0, false, kind, false, false, false, 0);
+  plot.AddParametric("6*cos(t)", "6*sin(t)", 0, 2 * std::numbers::pi, 1, 0);
+  plot.Redraw();
+  ASSERT_EQ(plot.LastDrawing().Curves.size(), 3u);
+  const auto at = Of(Found(plot, 0), Kind::Intersection);
+  ASSERT_EQ(at.size(), 4u);
+  const double r4 = 4 / std::sqrt(2.0), r6 = 6 / std::sqrt(2.0);
+  const double expected[] = {-r6, -r4, r4, r6};
+  for (std::size_t i = 0; i < 4; ++i) {
+    EXPECT_NEAR(at[i].x(), expected[i], 0.01) << i;
+    EXPECT_NEAR(at[i].y(), expected[i], 0.01) << i;
+  }
+}
+
 TEST(SpecialPoints, AnImplicitCurveHasItsPointsFromThePicture) {
   const Plot plot = Drawn({"x^2+y^2=16"});
   const auto points = Found(plot);
