@@ -1,8 +1,10 @@
 #include "PlotWidget.h"
 
 #include <QActionGroup>
+#include <QClipboard>
 #include <QColorDialog>
 #include <QContextMenuEvent>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -19,13 +21,31 @@ constexpr int kQuickDelayMs = 15;    // quick pictures at most this often during
 constexpr int kWheelPauseMs = 180;   // a pause this long ends a wheel zoom
 constexpr double kWheelStep = 0.85;  // the range's factor for one notch of the wheel
 constexpr double kKeyStep = 0.1;     // the arrow keys move a tenth of the view
+constexpr double kCurveReach = 6;    // a tip shows within this many pixels of a curve
+constexpr double kDotReach = 6;      // and a special point's tip within this many of its dot
+constexpr double kDotRadius = 3.5;
+constexpr double kClickSlop = 3;     // a press that moves less than this is a click, not a pan
+
+const char* NameOf(SpecialPoint::Kind kind) {
+  switch (kind) {
+    case SpecialPoint::Kind::Root: return "Root";
+    case SpecialPoint::Kind::Maximum: return "Maximum";
+    case SpecialPoint::Kind::Minimum: return "Minimum";
+    case SpecialPoint::Kind::YIntercept: return "y-Intercept";
+    case SpecialPoint::Kind::Intersection: return "Intersection";
+  }
+  return "";
+}
+
+QString Short(QPointF at) { return QStringLiteral("(%1, %2)").arg(at.x(), 0, 'g', 6).arg(at.y(), 0, 'g', 6); }
 
 // A colour as the scene stores it: red in the low byte.
 double ValueOf(const QColor& c) { return c.red() + c.green() * 256.0 + c.blue() * 65536.0; }
 
 }  // namespace
 
-PlotWidget::PlotWidget(QWidget* parent) : QWidget(parent), m_coordinate(new QLabel(this)), m_menu(new QMenu(this)) {
+PlotWidget::PlotWidget(QWidget* parent)
+    : QWidget(parent), m_coordinate(new QLabel(this)), m_tip(new QLabel(this)), m_menu(new QMenu(this)) {
   setMouseTracking(true);
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_OpaquePaintEvent);
@@ -35,9 +55,14 @@ PlotWidget::PlotWidget(QWidget* parent) : QWidget(parent), m_coordinate(new QLab
   m_wheelEnd.setSingleShot(true);
   m_wheelEnd.setInterval(kWheelPauseMs);
   connect(&m_wheelEnd, &QTimer::timeout, this, [this] { EndGesture(); });
-  m_coordinate->setAttribute(Qt::WA_TransparentForMouseEvents);
-  m_coordinate->setStyleSheet("QLabel { background: rgba(255,255,255,220); border: 1px solid #999; padding: 1px 3px; }");
-  m_coordinate->hide();
+  for (QLabel* label : {m_coordinate, m_tip}) {
+    label->setAttribute(Qt::WA_TransparentForMouseEvents);
+    label->setStyleSheet("QLabel { background: rgba(255,255,255,220); border: 1px solid #999; padding: 1px 3px; }");
+    label->hide();
+  }
+  m_coordinate->setObjectName("coordinate");
+  m_tip->setObjectName("tip");
+  CopyText = [](const QString& text) { QGuiApplication::clipboard()->setText(text); };
   m_plot.OnProgress = [this](int percent) { emit Progress(percent); };
   m_plot.OnFinished = [this] { emit Finished(); };
   ChooseColor = [this](const QColor& current, const QString& title) -> std::optional<QColor> {
@@ -63,6 +88,7 @@ void PlotWidget::Render(bool quick) {
   m_pictureView[0] = m_plot.XMin(), m_pictureView[1] = m_plot.XMax();
   m_pictureView[2] = m_plot.YMin(), m_pictureView[3] = m_plot.YMax();
   m_readyPending = !quick;
+  HideTip();  // the curves it was for have been drawn anew
   update();
 }
 
@@ -80,6 +106,7 @@ void PlotWidget::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::SmoothPixmapTransform, m_dragging || m_wheelEnd.isActive());
     painter.drawImage(target, m_picture);
   }
+  PaintSpecialPoints(painter);
   painter.end();
   if (m_readyPending) {
     m_readyPending = false;
@@ -124,25 +151,37 @@ void PlotWidget::EndGesture() {
 }
 
 void PlotWidget::mousePressEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton && m_plot.Interactive()) {
-    m_dragging = true;
-    m_lastPointer = event->position();
-  }
+  if (event->button() != Qt::LeftButton) return;
+  m_pressed = true;
+  m_pressedAt = m_lastPointer = event->position();
 }
 
 void PlotWidget::mouseMoveEvent(QMouseEvent* event) {
-  if (m_dragging) {
-    MoveBy(event->position() - m_lastPointer);
-    m_lastPointer = event->position();
-    GestureMoved();
+  const QPointF at = event->position();
+  if (m_pressed && !m_dragging && m_plot.Interactive() && QLineF(at, m_pressedAt).length() >= kClickSlop) {
+    m_dragging = true;
+    HideTip();
   }
-  ShowCoordinate(event->position());
+  if (m_dragging) {
+    MoveBy(at - m_lastPointer);
+    m_lastPointer = at;
+    GestureMoved();
+  } else {
+    ShowTip(at);
+  }
+  ShowCoordinate(at);
 }
 
 void PlotWidget::mouseReleaseEvent(QMouseEvent* event) {
-  if (m_dragging && event->button() == Qt::LeftButton) {
+  if (event->button() != Qt::LeftButton || !m_pressed) return;
+  m_pressed = false;
+  if (m_dragging) {
     m_dragging = false;
     EndGesture();
+  } else if (const SpecialPoint* point = SpecialPointAt(event->position())) {
+    const QString text = PointText(point->At);
+    CopyText(text);
+    ShowLabel(m_tip, QStringLiteral("Copied %1").arg(text), event->position());
   }
 }
 
@@ -179,17 +218,81 @@ void PlotWidget::ShowCoordinate(QPointF pixel) {
   }
   const double x = m_plot.XMin() + pixel.x() / std::max(1, width()) * (m_plot.XMax() - m_plot.XMin());
   const double y = m_plot.YMax() - pixel.y() / std::max(1, height()) * (m_plot.YMax() - m_plot.YMin());
-  m_coordinate->setText(QStringLiteral("(%1, %2)").arg(x, 0, 'g', 6).arg(y, 0, 'g', 6));
-  m_coordinate->adjustSize();
-  // Beside the pointer, kept inside the widget.
-  QPoint at = pixel.toPoint() + QPoint(14, 14);
-  at.setX(std::min(at.x(), width() - m_coordinate->width() - 2));
-  at.setY(std::min(at.y(), height() - m_coordinate->height() - 2));
-  m_coordinate->move(at);
-  m_coordinate->show();
+  ShowLabel(m_coordinate, Short(QPointF(x, y)), pixel);
 }
 
-void PlotWidget::leaveEvent(QEvent*) { m_coordinate->hide(); }
+// A label beside the pointer, kept inside the widget; the tip goes above the coordinate.
+void PlotWidget::ShowLabel(QLabel* label, const QString& text, QPointF pixel) {
+  label->setText(text);
+  label->adjustSize();
+  QPoint at = pixel.toPoint() + (label == m_tip ? QPoint(14, -14 - label->height()) : QPoint(14, 14));
+  at.setX(std::clamp(at.x(), 2, std::max(2, width() - label->width() - 2)));
+  at.setY(std::clamp(at.y(), 2, std::max(2, height() - label->height() - 2)));
+  label->move(at);
+  label->show();
+}
+
+// Whether the last drawing is of the range on the screen, so that its curves are where they seem.
+bool PlotWidget::PictureIsCurrent() const {
+  return !m_picture.isNull() && m_pictureView[0] == m_plot.XMin() && m_pictureView[1] == m_plot.XMax() &&
+         m_pictureView[2] == m_plot.YMin() && m_pictureView[3] == m_plot.YMax();
+}
+
+QPointF PlotWidget::ToWidget(QPointF at) const {
+  return {(at.x() - m_plot.XMin()) / (m_plot.XMax() - m_plot.XMin()) * width(),
+          (m_plot.YMax() - at.y()) / (m_plot.YMax() - m_plot.YMin()) * height()};
+}
+
+const SpecialPoint* PlotWidget::SpecialPointAt(QPointF pixel) const {
+  const SpecialPoint* nearest = nullptr;
+  double best = kDotReach;
+  for (const SpecialPoint& point : m_special) {
+    const double distance = QLineF(ToWidget(point.At), pixel).length();
+    if (distance <= best) best = distance, nearest = &point;
+  }
+  return nearest;
+}
+
+// The tip for the curve under the pointer: the special point under it, else the row and the
+// curve's nearest point. The dots stay while the pointer is on the curve or on one of them.
+void PlotWidget::ShowTip(QPointF pixel) {
+  if (!m_plot.ShowTips() || !PictureIsCurrent() || m_wheelEnd.isActive()) return HideTip();
+  const Drawing& drawing = m_plot.LastDrawing();
+  const double ratio = m_plot.DevicePixelRatio();
+  const auto [curve, nearest] = NearestCurvePoint(drawing, m_plot.View(), pixel * ratio, kCurveReach * ratio);
+  if (curve >= 0 && curve != m_tipCurve) {
+    m_tipCurve = curve;
+    m_special = FindSpecialPoints(drawing, static_cast<std::size_t>(curve), m_plot.View());
+    update();
+  }
+  if (const SpecialPoint* point = SpecialPointAt(pixel)) {
+    return ShowLabel(m_tip, QStringLiteral("%1 %2").arg(QLatin1String(NameOf(point->What)), Short(point->At)), pixel);
+  }
+  if (curve < 0) return HideTip();
+  const int row = drawing.Curves[static_cast<std::size_t>(curve)].Row;
+  ShowLabel(m_tip, row > 0 ? QStringLiteral("Row %1: %2").arg(row).arg(Short(nearest)) : Short(nearest), pixel);
+}
+
+void PlotWidget::HideTip() {
+  m_tip->hide();
+  if (m_tipCurve < 0) return;
+  m_tipCurve = -1;
+  m_special.clear();
+  update();
+}
+
+void PlotWidget::PaintSpecialPoints(QPainter& painter) const {
+  if (m_special.empty()) return;
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(Qt::white, 1));
+  painter.setBrush(QColor(128, 128, 128));
+  for (const SpecialPoint& point : m_special) painter.drawEllipse(ToWidget(point.At), kDotRadius, kDotRadius);
+}
+
+void PlotWidget::leaveEvent(QEvent*) {
+  m_coordinate->hide();
+  HideTip();
+}
 
 void PlotWidget::contextMenuEvent(QContextMenuEvent* event) {
   // The check marks follow the scene, which the program may have changed meanwhile.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Plot.h"
+#include "SpecialPoints.h"
 
 #include <QElapsedTimer>
 #include <QImage>
@@ -12,6 +13,9 @@
 
 #include <functional>
 #include <optional>
+#include <vector>
+
+class QPainter;
 
 namespace plot2d {
 
@@ -19,7 +23,8 @@ namespace plot2d {
 // the arrow keys, zooms with the wheel about the pointer (along the axes ZoomType names) and with
 // + and -. While the view moves the last picture is shifted and a quick, low-quality picture
 // follows; the full picture comes when the gesture ends. With Interactive false the mouse
-// neither pans nor zooms.
+// neither pans nor zooms. With ShowTips, the pointer near a curve shows its row and nearest point
+// and the curve's special points as grey dots; a click on a dot copies its "(x, y)".
 class PlotWidget : public QWidget {
   Q_OBJECT
 
@@ -40,6 +45,11 @@ public:
   // Asks for a colour (the pop-up's Back Colour... and Axis Colour...); a colour dialog unless
   // replaced, as tests do.
   std::function<std::optional<QColor>(const QColor& current, const QString& title)> ChooseColor;
+
+  // Puts a copied point's text on the clipboard unless replaced, as tests do.
+  std::function<void(const QString&)> CopyText;
+  // The special points shown as dots for the curve under the pointer, none when no tip shows.
+  const std::vector<SpecialPoint>& ShownSpecialPoints() const { return m_special; }
 
 signals:
   // A pan or zoom gesture ended; button is 1 for the left button and for the wheel.
@@ -67,17 +77,28 @@ private:
   void GestureMoved();
   void EndGesture();
   void ShowCoordinate(QPointF pixel);
+  void ShowTip(QPointF pixel);
+  void HideTip();
+  void ShowLabel(QLabel* label, const QString& text, QPointF pixel);
+  bool PictureIsCurrent() const;
+  QPointF ToWidget(QPointF data) const;
+  const SpecialPoint* SpecialPointAt(QPointF pixel) const;
+  void PaintSpecialPoints(QPainter& painter) const;
   void BuildMenu();
   void Changed(const QString& setting);
 
   Plot m_plot;
   QImage m_picture;        // the last picture, for the view it was made for
   double m_pictureView[4]; // xMin, xMax, yMin, yMax of m_picture
-  bool m_dragging = false;
-  QPointF m_lastPointer;
+  bool m_pressed = false;   // the left button is down
+  bool m_dragging = false;  // and has moved far enough to pan
+  QPointF m_pressedAt, m_lastPointer;
   QTimer m_quick;          // coalesces the quick redraws of a gesture
   QTimer m_wheelEnd;       // a pause in wheel events ends the zoom gesture
   QLabel* m_coordinate;
+  QLabel* m_tip;
+  int m_tipCurve = -1;                  // the curve of the last drawing under the pointer
+  std::vector<SpecialPoint> m_special;  // its special points
   QMenu* m_menu;
   bool m_readyPending = false;
 };

@@ -10,6 +10,10 @@
 #include <QTest>
 #include <QWheelEvent>
 
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
 using plot2d::PlotWidget;
 
 namespace {
@@ -160,7 +164,7 @@ TEST(PlotWidget, ThePopUpMenuChangesTheSceneAndSaysSo) {
 
 TEST(PlotWidget, TheMouseCoordinateFollowsThePointer) {
   Shown s;
-  auto* label = s.widget.findChild<QLabel*>();
+  auto* label = s.widget.findChild<QLabel*>("coordinate");
   ASSERT_NE(label, nullptr);
   QTest::mouseMove(&s.widget, QPoint(300, 75));
   EXPECT_FALSE(label->isVisible());
@@ -179,6 +183,74 @@ TEST(PlotWidget, AQuickPictureFollowsWhileDragging) {
   ASSERT_TRUE(finished.wait(2000));  // the quick redraw
   EXPECT_EQ(s.Scene().Quality(), 100);  // its lower quality was for that picture only
   QTest::mouseRelease(&s.widget, Qt::LeftButton, Qt::NoModifier, QPoint(230, 150));
+}
+
+namespace {
+
+// The widget's pixel for a point of the default range on 400x300.
+QPoint PixelOf(double x, double y) {
+  return QPointF((x + 10) / 20 * 400, (10 - y) / 20 * 300).toPoint();
+}
+
+QLabel* Tip(PlotWidget& widget) { return widget.findChild<QLabel*>("tip"); }
+
+}  // namespace
+
+TEST(PlotWidget, NearACurveATipShowsItsRowAndPointAndItsSpecialPoints) {
+  Shown s;
+  s.Scene().SetShowTips(true);
+  QTest::mouseMove(&s.widget, PixelOf(5, 5));  // far from sin(x)
+  EXPECT_FALSE(Tip(s.widget)->isVisible());
+  EXPECT_TRUE(s.widget.ShownSpecialPoints().empty());
+  QTest::mouseMove(&s.widget, PixelOf(1, std::sin(1.0)) + QPoint(0, 3));
+  ASSERT_TRUE(Tip(s.widget)->isVisible());
+  EXPECT_TRUE(Tip(s.widget)->text().startsWith("Row 1: (")) << Tip(s.widget)->text().toStdString();
+  // Roots at 0, ±pi, ±2pi, ±3pi; three maxima, three minima; and the y-intercept (0, 0).
+  const auto& shown = s.widget.ShownSpecialPoints();
+  EXPECT_EQ(std::count_if(shown.begin(), shown.end(), [](auto& p) { return p.What == plot2d::SpecialPoint::Kind::Root; }), 7);
+  EXPECT_EQ(shown.size(), 14u);
+  // On a dot the tip names it.
+  QTest::mouseMove(&s.widget, PixelOf(std::numbers::pi / 2, 1));
+  EXPECT_EQ(Tip(s.widget)->text(), "Maximum (1.5708, 1)");
+  QTest::mouseMove(&s.widget, PixelOf(5, 5));
+  EXPECT_FALSE(Tip(s.widget)->isVisible());
+  EXPECT_TRUE(s.widget.ShownSpecialPoints().empty());
+}
+
+TEST(PlotWidget, AClickOnASpecialPointCopiesItAtFullPrecision) {
+  Shown s;
+  s.Scene().SetShowTips(true);
+  s.Scene().SetInteractive(false);  // tips work on a locked plot too
+  QStringList copied;
+  s.widget.CopyText = [&](const QString& text) { copied << text; };
+  QSignalSpy finished(&s.widget, &PlotWidget::ViewFinished);
+  QTest::mouseMove(&s.widget, PixelOf(3, std::sin(3.0)));
+  QTest::mouseMove(&s.widget, PixelOf(std::numbers::pi, 0));
+  QTest::mouseClick(&s.widget, Qt::LeftButton, Qt::NoModifier, PixelOf(std::numbers::pi, 0));
+  ASSERT_EQ(copied.size(), 1);
+  EXPECT_EQ(copied[0], "(3.14159265358979, 0)");
+  EXPECT_EQ(Tip(s.widget)->text(), "Copied (3.14159265358979, 0)");
+  EXPECT_EQ(finished.count(), 0);  // a click is not a pan
+  EXPECT_EQ(s.Scene().XMin(), -10);
+}
+
+TEST(PlotWidget, AClickAwayFromADotCopiesNothingAndDoesNotMoveTheView) {
+  Shown s;
+  s.Scene().SetShowTips(true);
+  QStringList copied;
+  s.widget.CopyText = [&](const QString& text) { copied << text; };
+  QSignalSpy finished(&s.widget, &PlotWidget::ViewFinished);
+  QTest::mouseClick(&s.widget, Qt::LeftButton, Qt::NoModifier, PixelOf(5, 5));
+  EXPECT_TRUE(copied.empty());
+  EXPECT_EQ(finished.count(), 0);
+}
+
+TEST(PlotWidget, WithoutShowTipsNoTipOrDots) {
+  Shown s;
+  s.Scene().SetShowTips(false);
+  QTest::mouseMove(&s.widget, PixelOf(1, std::sin(1.0)));
+  EXPECT_FALSE(Tip(s.widget)->isVisible());
+  EXPECT_TRUE(s.widget.ShownSpecialPoints().empty());
 }
 
 int main(int argc, char** argv) {
