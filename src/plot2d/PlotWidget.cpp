@@ -17,7 +17,7 @@ namespace plot2d {
 namespace {
 
 constexpr int kQuickQuality = 20;
-constexpr int kQuickDelayMs = 15;    // quick pictures at most this often during a gesture
+constexpr int kQuickDelayMs = 8;     // quick pictures at most this often during a gesture
 constexpr int kWheelPauseMs = 180;   // a pause this long ends a wheel zoom
 constexpr double kWheelStep = 0.85;  // the range's factor for one notch of the wheel
 constexpr double kKeyStep = 0.1;     // the arrow keys move a tenth of the view
@@ -50,7 +50,6 @@ PlotWidget::PlotWidget(QWidget* parent)
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_OpaquePaintEvent);
   m_quick.setSingleShot(true);
-  m_quick.setInterval(kQuickDelayMs);
   connect(&m_quick, &QTimer::timeout, this, [this] { Render(true); });
   m_wheelEnd.setSingleShot(true);
   m_wheelEnd.setInterval(kWheelPauseMs);
@@ -78,6 +77,7 @@ void PlotWidget::Redraw() { Render(false); }
 // Samples the scene for the widget's size and screen; a quick picture has low quality and is
 // followed by a full one when the gesture ends.
 void PlotWidget::Render(bool quick) {
+  if (quick) m_sinceQuick.start();
   m_plot.SetSize(size().expandedTo(QSize(1, 1)));
   m_plot.SetDevicePixelRatio(devicePixelRatioF());
   const double quality = m_plot.Quality();
@@ -140,7 +140,12 @@ void PlotWidget::ZoomAbout(QPointF pixel, double factor) {
 
 void PlotWidget::GestureMoved() {
   update();  // the shifted or scaled picture at once
-  if (!m_quick.isActive()) m_quick.start();
+  // At most one quick picture every kQuickDelayMs, counted from the start of the last one, so
+  // that a scene slower than that to draw is drawn again at once rather than after a pause.
+  if (!m_quick.isActive()) {
+    const qint64 since = m_sinceQuick.isValid() ? m_sinceQuick.elapsed() : kQuickDelayMs;
+    m_quick.start(static_cast<int>(std::max<qint64>(0, kQuickDelayMs - since)));
+  }
 }
 
 void PlotWidget::EndGesture() {

@@ -94,6 +94,7 @@ private:
   bool m_dragging = false;  // and has moved far enough to pan
   QPointF m_pressedAt, m_lastPointer;
   QTimer m_quick;          // coalesces the quick redraws of a gesture
+  QElapsedTimer m_sinceQuick;
   QTimer m_wheelEnd;       // a pause in wheel events ends the zoom gesture
   QLabel* m_coordinate;
   QLabel* m_tip;
