@@ -6,6 +6,7 @@
 #include "plot2d/BlockProgram.h"
 #include "plot2d/LineParser.h"
 #include "plot2d/Plot.h"
+#include "plot2d/SpecialPoints.h"
 
 #include <benchmark/benchmark.h>
 #include <muParser.h>
@@ -125,6 +126,17 @@ void BM_Scene_PaintOnly(benchmark::State& state) {
     plot.Paint(painter);
   }
 }
+// What a tip costs when the pointer reaches a curve of the heavy scene: its special points.
+void BM_Scene_SpecialPoints(benchmark::State& state) {
+  plot2d::Plot plot;
+  plot.SetSize(QSize(1920, 1080));
+  FillHeavyScene(plot);
+  plot.Redraw();
+  const std::size_t curve = static_cast<std::size_t>(state.range(0));
+  for (auto _ : state) benchmark::DoNotOptimize(plot2d::FindSpecialPoints(plot.LastDrawing(), curve, plot.View()));
+}
+BENCHMARK(BM_Scene_SpecialPoints)->Arg(0)->Arg(100)->Unit(benchmark::kMillisecond)->UseRealTime();
+
 BENCHMARK(BM_Scene_SampleOnly)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(BM_Scene_PaintOnly)->Unit(benchmark::kMillisecond)->UseRealTime();
 

@@ -22,6 +22,8 @@ struct Drawing {
     int Row = 0;   // the row it was added for, 0 where it is no row's
     // For y = f(x), the function, so that points found on the picture can be made exact.
     std::function<double(double)> Explicit;
+    // Where known, a function of (x, y) that is zero on the curve and changes sign across it.
+    std::function<double(double, double)> Zero;
   };
   struct Fill {
     QPainterPath Path;

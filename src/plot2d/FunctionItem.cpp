@@ -147,10 +147,13 @@ void FunctionItem::DrawCurve(const ViewTransform& view, int quality, Drawing& dr
   }
   Shade(curve, view, drawing);
   SimplifyForView(curve.Pieces, view);
-  Drawing::Curve drawn{curve.Pieces, m_options.Color, m_options.Line, m_index, {}};
-  if (m_kind == 1 && !m_source.HasCondition) {
-    const BlockProgram f = m_source.First;
-    drawn.Explicit = [f](double x) { return f.At(x); };
+  Drawing::Curve drawn{curve.Pieces, m_options.Color, m_options.Line, m_index, {}, {}};
+  const BlockProgram f = m_source.First;
+  if (m_kind == 1) {
+    drawn.Zero = [f](double x, double y) { return f.At(x) - y; };
+    if (!m_source.HasCondition) drawn.Explicit = [f](double x) { return f.At(x); };
+  } else if (m_kind == 2) {
+    drawn.Zero = [f](double x, double y) { return f.At(0, y) - x; };
   }
   drawing.Curves.push_back(std::move(drawn));
   if (m_options.EndDots) {
@@ -210,7 +213,9 @@ void FunctionItem::DrawImplicit(const ViewTransform& view, int quality, Drawing&
     for (const BlockProgram& factor : m_factors) trace(factor);
   }
   SimplifyForView(lines, view);
-  drawing.Curves.push_back({std::move(lines), m_options.Color, m_options.Line, m_index, {}});
+  const BlockProgram difference = m_difference;
+  drawing.Curves.push_back({std::move(lines), m_options.Color, m_options.Line, m_index, {},
+                            [difference](double x, double y) { return difference.At(x, y); }});
 }
 
 // The side where F > G (or F < G), cell by cell at about two pixels, as a translucent image.

@@ -55,7 +55,7 @@ void InequalityItem::Draw(const ViewTransform& view, int quality, Drawing& drawi
     SampledCurve curve = CurveSampler(source, view, quality)
                              .Sample(view.XMin(), view.XMax(), CurveSampler::SamplesFor(view.Width(), quality));
     SimplifyForView(curve.Pieces, view);
-    drawing.Curves.push_back({curve.Pieces, m_line, part.Parsed.Inclusive ? Drawing::Style::Solid : Drawing::Style::Dashed, 0, {}});
+    drawing.Curves.push_back({curve.Pieces, m_line, part.Parsed.Inclusive ? Drawing::Style::Solid : Drawing::Style::Dashed, 0, {}, {}});
   }
 }
 

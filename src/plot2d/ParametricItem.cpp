@@ -22,7 +22,7 @@ void ParametricItem::Draw(const ViewTransform& view, int quality, Drawing& drawi
   const double pixels = 2.0 * std::max(view.Width(), view.Height());
   SampledCurve curve = CurveSampler(m_source, view, quality).Sample(m_from, m_to, CurveSampler::SamplesFor(pixels, quality));
   SimplifyForView(curve.Pieces, view);
-  drawing.Curves.push_back({curve.Pieces, m_color, Drawing::Style::Solid, 0, {}});
+  drawing.Curves.push_back({curve.Pieces, m_color, Drawing::Style::Solid, 0, {}, {}});
 }
 
 }  // namespace plot2d

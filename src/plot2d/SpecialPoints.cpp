@@ -48,6 +48,33 @@ bool Overlap(const QRectF& a, const QRectF& b) {
   return a.left() <= b.right() && b.left() <= a.right() && a.top() <= b.bottom() && b.top() <= a.bottom();
 }
 
+using Zero = std::function<double(double, double)>;
+
+// Where f and g are both zero, by Newton's method from start with a Jacobian of forward
+// differences: the residuals are exact, so it still converges to full precision. Nothing when it
+// does not converge within reach of start.
+std::optional<QPointF> Newton(const Zero& f, const Zero& g, QPointF start, double reach) {
+  double x = start.x(), y = start.y();
+  for (int i = 0; i < 40; ++i) {
+    const double fv = f(x, y), gv = g(x, y);
+    if (fv == 0 && gv == 0) break;
+    const double hx = 1e-7 * std::max(1.0, std::abs(x)), hy = 1e-7 * std::max(1.0, std::abs(y));
+    const double fx = (f(x + hx, y) - fv) / hx, fy = (f(x, y + hy) - fv) / hy;
+    const double gx = (g(x + hx, y) - gv) / hx, gy = (g(x, y + hy) - gv) / hy;
+    const double det = fx * gy - fy * gx;
+    if (det == 0 || !std::isfinite(det)) return std::nullopt;
+    const double dx = (fv * gy - fy * gv) / det, dy = (fx * gv - fv * gx) / det;
+    x -= dx, y -= dy;
+    if (!std::isfinite(x) || !std::isfinite(y)) return std::nullopt;
+    if (std::abs(dx) <= 1e-15 * std::max(1.0, std::abs(x)) && std::abs(dy) <= 1e-15 * std::max(1.0, std::abs(y))) break;
+  }
+  if (std::hypot(x - start.x(), y - start.y()) > reach) return std::nullopt;
+  return QPointF(x, y);
+}
+
+// How far refinement may move a point found on the picture: a few pixels.
+double Reach(const ViewTransform& view) { return 3 * std::hypot(view.XPerPixel(), view.YPerPixel()); }
+
 bool InView(QPointF p, const ViewTransform& view) {
   return p.x() >= view.XMin() && p.x() <= view.XMax() && p.y() >= view.YMin() && p.y() <= view.YMax();
 }
@@ -64,13 +91,18 @@ std::optional<QPointF> Crossing(QPointF a1, QPointF a2, QPointF b1, QPointF b2) 
   return a1 + t * r;
 }
 
-void Roots(const Drawing::Curve& c, std::vector<SpecialPoint>& out) {
+void Roots(const Drawing::Curve& c, double reach, std::vector<SpecialPoint>& out) {
   for (const QPolygonF& piece : c.Pieces) {
     for (qsizetype i = 1; i < piece.size(); ++i) {
       const QPointF a = piece[i - 1], b = piece[i];
       if (a.y() == 0) out.push_back({a, SpecialPoint::Kind::Root});
       if ((a.y() < 0) == (b.y() < 0) || b.y() == 0) continue;
-      const double x = c.Explicit ? Bisect(c.Explicit, a.x(), b.x()) : a.x() + (b.x() - a.x()) * a.y() / (a.y() - b.y());
+      double x = a.x() + (b.x() - a.x()) * a.y() / (a.y() - b.y());
+      if (c.Explicit) {
+        x = Bisect(c.Explicit, a.x(), b.x());
+      } else if (c.Zero) {
+        x = Newton(c.Zero, [](double, double v) { return v; }, QPointF(x, 0), reach).value_or(QPointF(x, 0)).x();
+      }
       out.push_back({QPointF(x, 0), SpecialPoint::Kind::Root});
     }
   }
@@ -94,7 +126,7 @@ void Extrema(const Drawing::Curve& c, std::vector<SpecialPoint>& out) {
   }
 }
 
-void YIntercepts(const Drawing::Curve& c, std::vector<SpecialPoint>& out) {
+void YIntercepts(const Drawing::Curve& c, double reach, std::vector<SpecialPoint>& out) {
   if (c.Explicit) {
     const double y = c.Explicit(0);
     if (std::isfinite(y)) out.push_back({QPointF(0, y), SpecialPoint::Kind::YIntercept});
@@ -104,14 +136,21 @@ void YIntercepts(const Drawing::Curve& c, std::vector<SpecialPoint>& out) {
     for (qsizetype i = 1; i < piece.size(); ++i) {
       const QPointF a = piece[i - 1], b = piece[i];
       if ((a.x() < 0) == (b.x() < 0) || a.x() == b.x()) continue;
-      out.push_back({a + (b - a) * (-a.x() / (b.x() - a.x())), SpecialPoint::Kind::YIntercept});
+      QPointF at = a + (b - a) * (-a.x() / (b.x() - a.x()));
+      if (c.Zero) at.setY(Newton(c.Zero, [](double u, double) { return u; }, at, reach).value_or(at).y());
+      out.push_back({at, SpecialPoint::Kind::YIntercept});
     }
   }
 }
 
-// The crossing refined on both functions where both curves are y = f(x).
-QPointF Refined(const Drawing::Curve& c, const Drawing::Curve& d, QPointF a1, QPointF a2, QPointF b1, QPointF b2, QPointF at) {
-  if (!c.Explicit || !d.Explicit) return at;
+// The crossing refined on both functions: by bisection where both curves are y = f(x), else by
+// Newton's method where both have a function that is zero on them.
+QPointF Refined(const Drawing::Curve& c, const Drawing::Curve& d, QPointF a1, QPointF a2, QPointF b1, QPointF b2, QPointF at,
+                double reach) {
+  if (!c.Explicit || !d.Explicit) {
+    if (!c.Zero || !d.Zero) return at;
+    return Newton(c.Zero, d.Zero, at, reach).value_or(at);
+  }
   const Function difference = [&](double x) { return c.Explicit(x) - d.Explicit(x); };
   const double lo = std::max(std::min(a1.x(), a2.x()), std::min(b1.x(), b2.x()));
   const double hi = std::min(std::max(a1.x(), a2.x()), std::max(b1.x(), b2.x()));
@@ -175,6 +214,7 @@ void Intersections(const Drawing& drawing, std::size_t index, const ViewTransfor
     }
   }
   const Drawing::Curve& c = drawing.Curves[index];
+  const double reach = Reach(view);
   for (const QPolygonF& p : c.Pieces) {
     for (qsizetype i = 1; i < p.size(); ++i) {
       const QPointF a1 = p[i - 1], a2 = p[i];
@@ -182,7 +222,7 @@ void Intersections(const Drawing& drawing, std::size_t index, const ViewTransfor
       columns->Near(a1, a2, [&](const Segment& s) {
         if (!Overlap(box, QRectF(s.A, s.B).normalized())) return;
         if (const auto at = Crossing(a1, a2, s.A, s.B)) {
-          out.push_back({Refined(c, drawing.Curves[s.Curve], a1, a2, s.A, s.B, *at), SpecialPoint::Kind::Intersection});
+          out.push_back({Refined(c, drawing.Curves[s.Curve], a1, a2, s.A, s.B, *at, reach), SpecialPoint::Kind::Intersection});
         }
       });
     }
@@ -195,9 +235,9 @@ std::vector<SpecialPoint> FindSpecialPoints(const Drawing& drawing, std::size_t 
   std::vector<SpecialPoint> found;
   if (curve >= drawing.Curves.size()) return found;
   const Drawing::Curve& c = drawing.Curves[curve];
-  Roots(c, found);
+  Roots(c, Reach(view), found);
   Extrema(c, found);
-  YIntercepts(c, found);
+  YIntercepts(c, Reach(view), found);
   Intersections(drawing, curve, view, found);
   // In view, and one of each where two lie within a pixel of each other.
   std::vector<SpecialPoint> kept;

@@ -124,15 +124,60 @@ TEST(SpecialPoints, PolarAndParametricCurvesMeetALine) {
   }
 }
 
-TEST(SpecialPoints, AnImplicitCurveHasItsPointsFromThePicture) {
+TEST(SpecialPoints, AnImplicitCurvesRootsAndInterceptsAreRefined) {
   const Plot plot = Drawn({"x^2+y^2=16"});
   const auto points = Found(plot);
   const auto roots = Of(points, Kind::Root);
   ASSERT_EQ(roots.size(), 2u);
-  EXPECT_NEAR(roots[0].x(), -4, 0.05);
-  EXPECT_NEAR(roots[1].x(), 4, 0.05);
-  const auto at = Of(points, Kind::YIntercept);
+  EXPECT_NEAR(roots[0].x(), -4, 1e-12);
+  EXPECT_NEAR(roots[1].x(), 4, 1e-12);
+  auto at = Of(points, Kind::YIntercept);
   ASSERT_EQ(at.size(), 2u);
+  std::sort(at.begin(), at.end(), [](QPointF a, QPointF b) { return a.y() < b.y(); });
+  EXPECT_NEAR(at[0].y(), -4, 1e-12);
+  EXPECT_NEAR(at[1].y(), 4, 1e-12);
+}
+
+TEST(SpecialPoints, AnXOfYCurvesPointsAreRefined) {
+  const Plot plot = Drawn({"x=y^2-3"});
+  const auto points = Found(plot);
+  const auto roots = Of(points, Kind::Root);
+  ASSERT_EQ(roots.size(), 1u);
+  EXPECT_NEAR(roots[0].x(), -3, 1e-12);
+  auto at = Of(points, Kind::YIntercept);
+  ASSERT_EQ(at.size(), 2u);
+  std::sort(at.begin(), at.end(), [](QPointF a, QPointF b) { return a.y() < b.y(); });
+  EXPECT_NEAR(at[0].y(), -std::sqrt(3.0), 1e-12);
+  EXPECT_NEAR(at[1].y(), std::sqrt(3.0), 1e-12);
+}
+
+TEST(SpecialPoints, CrossingsWithAnImplicitCurveAreRefinedByNewton) {
+  const Plot plot = Drawn({"x^2+y^2=25", "y=x/2", "x=y^2-5"});
+  const auto withLine = Of(Found(plot, 1), Kind::Intersection);
+  // The line meets the circle at ±(2√5, √5) and the parabola where y^2 - 2y - 5 = 0.
+  const double c = 2 * std::sqrt(5.0);
+  const double p1 = 1 - std::sqrt(6.0), p2 = 1 + std::sqrt(6.0);
+  const double expected[] = {-c, 2 * p1, c, 2 * p2};
+  ASSERT_EQ(withLine.size(), 4u);
+  auto sorted = withLine;
+  for (std::size_t i = 0; i < 4; ++i) {
+    EXPECT_NEAR(sorted[i].x(), expected[i], 1e-12) << i;
+    EXPECT_NEAR(sorted[i].y(), expected[i] / 2, 1e-12) << i;
+  }
+  // The circle and the parabola: y^2 - 5 = x and x^2 + y^2 = 25 give x^2 + x - 20 = 0, x = 4 or
+  // -5, where they touch; a touching point keeps the precision of the picture.
+  int crossings = 0;
+  for (const QPointF at : Of(Found(plot, 0), Kind::Intersection)) {
+    if (std::abs(at.y() - at.x() / 2) < 1e-9) continue;  // the line's
+    if (at.x() > 0) {
+      ++crossings;
+      EXPECT_NEAR(at.x(), 4, 1e-12);
+      EXPECT_NEAR(std::abs(at.y()), 3, 1e-12);
+    } else {
+      EXPECT_NEAR(at.x(), -5, 0.05);
+    }
+  }
+  EXPECT_EQ(crossings, 2);
 }
 
 TEST(SpecialPoints, PointsOutsideTheViewAreLeftOut) {
