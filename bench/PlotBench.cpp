@@ -126,7 +126,8 @@ void BM_Scene_PaintOnly(benchmark::State& state) {
     plot.Paint(painter);
   }
 }
-// What a tip costs when the pointer reaches a curve of the heavy scene: its special points.
+// What a tip costs when the pointer reaches a curve of the heavy scene: its special points, for
+// an explicit (0), an implicit (100) and a polar curve (111).
 void BM_Scene_SpecialPoints(benchmark::State& state) {
   plot2d::Plot plot;
   plot.SetSize(QSize(1920, 1080));
@@ -135,7 +136,7 @@ void BM_Scene_SpecialPoints(benchmark::State& state) {
   const std::size_t curve = static_cast<std::size_t>(state.range(0));
   for (auto _ : state) benchmark::DoNotOptimize(plot2d::FindSpecialPoints(plot.LastDrawing(), curve, plot.View()));
 }
-BENCHMARK(BM_Scene_SpecialPoints)->Arg(0)->Arg(100)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_Scene_SpecialPoints)->Arg(0)->Arg(100)->Arg(111)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 BENCHMARK(BM_Scene_SampleOnly)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(BM_Scene_PaintOnly)->Unit(benchmark::kMillisecond)->UseRealTime();

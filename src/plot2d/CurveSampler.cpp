@@ -46,6 +46,23 @@ int CurveSampler::SamplesFor(double pixels, int quality) {
   return static_cast<int>(std::clamp(count, 16.0, 20000.0));
 }
 
+QPointF CurveSource::PointAt(double s) const {
+  switch (Kind) {
+    case Mode::YOfX: return {s, First.At(s)};
+    case Mode::XOfY: return {First.At(0, s), s};
+    case Mode::Polar: {
+      const double r = First.At(0, 0, 0, s);
+      return {r * std::cos(s), r * std::sin(s)};
+    }
+    case Mode::Parametric: return {First.At(s, 0, s, s), Second.At(s, 0, s, s)};
+    case Mode::ParametricPolar: {
+      const double r = First.At(s, 0, s, s), theta = Second.At(s, 0, s, s);
+      return {r * std::cos(theta), r * std::sin(theta)};
+    }
+  }
+  return {};
+}
+
 void CurveSampler::Evaluate(const std::vector<double>& s, std::vector<Point>& points) const {
   const size_t n = s.size();
   points.assign(n, Point{});

@@ -34,6 +34,9 @@ struct CurveSource {
     bool Inclusive = false;
   };
   std::vector<Bound> Comparisons;
+
+  // The point at s, whether or not the condition holds there.
+  QPointF PointAt(double s) const;
 };
 
 // Where a condition ends a curve: the last point that belongs to it.

@@ -24,6 +24,9 @@ struct Drawing {
     std::function<double(double)> Explicit;
     // Where known, a function of (x, y) that is zero on the curve and changes sign across it.
     std::function<double(double, double)> Zero;
+    // For polar and parametric curves, the point at each value of the parameter, over From to To.
+    std::function<QPointF(double)> PointAt;
+    double From = 0, To = 0;
   };
   struct Fill {
     QPainterPath Path;

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <tuple>
 
 namespace plot2d {
 
@@ -147,13 +148,18 @@ void FunctionItem::DrawCurve(const ViewTransform& view, int quality, Drawing& dr
   }
   Shade(curve, view, drawing);
   SimplifyForView(curve.Pieces, view);
-  Drawing::Curve drawn{curve.Pieces, m_options.Color, m_options.Line, m_index, {}, {}};
+  Drawing::Curve drawn;
+  drawn.Pieces = curve.Pieces, drawn.Color = m_options.Color, drawn.Line = m_options.Line, drawn.Row = m_index;
   const BlockProgram f = m_source.First;
   if (m_kind == 1) {
     drawn.Zero = [f](double x, double y) { return f.At(x) - y; };
     if (!m_source.HasCondition) drawn.Explicit = [f](double x) { return f.At(x); };
   } else if (m_kind == 2) {
     drawn.Zero = [f](double x, double y) { return f.At(0, y) - x; };
+  } else {
+    const CurveSource source = m_source;
+    drawn.PointAt = [source](double theta) { return source.PointAt(theta); };
+    std::tie(drawn.From, drawn.To) = ThetaRange();
   }
   drawing.Curves.push_back(std::move(drawn));
   if (m_options.EndDots) {
@@ -213,9 +219,11 @@ void FunctionItem::DrawImplicit(const ViewTransform& view, int quality, Drawing&
     for (const BlockProgram& factor : m_factors) trace(factor);
   }
   SimplifyForView(lines, view);
+  Drawing::Curve drawn;
+  drawn.Pieces = std::move(lines), drawn.Color = m_options.Color, drawn.Line = m_options.Line, drawn.Row = m_index;
   const BlockProgram difference = m_difference;
-  drawing.Curves.push_back({std::move(lines), m_options.Color, m_options.Line, m_index, {},
-                            [difference](double x, double y) { return difference.At(x, y); }});
+  drawn.Zero = [difference](double x, double y) { return difference.At(x, y); };
+  drawing.Curves.push_back(std::move(drawn));
 }
 
 // The side where F > G (or F < G), cell by cell at about two pixels, as a translucent image.

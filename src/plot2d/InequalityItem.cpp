@@ -55,7 +55,10 @@ void InequalityItem::Draw(const ViewTransform& view, int quality, Drawing& drawi
     SampledCurve curve = CurveSampler(source, view, quality)
                              .Sample(view.XMin(), view.XMax(), CurveSampler::SamplesFor(view.Width(), quality));
     SimplifyForView(curve.Pieces, view);
-    drawing.Curves.push_back({curve.Pieces, m_line, part.Parsed.Inclusive ? Drawing::Style::Solid : Drawing::Style::Dashed, 0, {}, {}});
+    Drawing::Curve edge;
+    edge.Pieces = curve.Pieces, edge.Color = m_line;
+    edge.Line = part.Parsed.Inclusive ? Drawing::Style::Solid : Drawing::Style::Dashed;
+    drawing.Curves.push_back(std::move(edge));
   }
 }
 

@@ -22,7 +22,12 @@ void ParametricItem::Draw(const ViewTransform& view, int quality, Drawing& drawi
   const double pixels = 2.0 * std::max(view.Width(), view.Height());
   SampledCurve curve = CurveSampler(m_source, view, quality).Sample(m_from, m_to, CurveSampler::SamplesFor(pixels, quality));
   SimplifyForView(curve.Pieces, view);
-  drawing.Curves.push_back({curve.Pieces, m_color, Drawing::Style::Solid, 0, {}, {}});
+  Drawing::Curve drawn;
+  drawn.Pieces = std::move(curve.Pieces), drawn.Color = m_color;
+  const CurveSource source = m_source;
+  drawn.PointAt = [source](double t) { return source.PointAt(t); };
+  drawn.From = m_from, drawn.To = m_to;
+  drawing.Curves.push_back(std::move(drawn));
 }
 
 }  // namespace plot2d

@@ -1,11 +1,13 @@
 #include "SpecialPoints.h"
 
+#include "ParameterScan.h"
+#include "RootFinding.h"
+#include "SegmentColumns.h"
+
 #include "core/NumberText.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <functional>
 #include <memory>
 #include <optional>
 
@@ -13,67 +15,10 @@ namespace plot2d {
 
 namespace {
 
-constexpr int kSteps = 80;
-
-using Function = std::function<double(double)>;
-
-// A root of f between a and b, where f changes sign.
-double Bisect(const Function& f, double a, double b) {
-  double fa = f(a);
-  for (int i = 0; i < kSteps; ++i) {
-    const double m = (a + b) / 2;
-    const double fm = f(m);
-    if (!std::isfinite(fm)) break;
-    if ((fm > 0) == (fa > 0)) a = m, fa = fm;
-    else b = m;
-  }
-  return (a + b) / 2;
-}
-
-// The extremum of f in [a, b] (golden section): the largest value when maximum, else the smallest.
-double Golden(const Function& f, double a, double b, bool maximum) {
-  const double ratio = (std::sqrt(5.0) - 1) / 2;
-  const auto better = [&](double u, double v) { return maximum ? f(u) > f(v) : f(u) < f(v); };
-  double c = b - ratio * (b - a), d = a + ratio * (b - a);
-  for (int i = 0; i < kSteps; ++i) {
-    if (better(c, d)) b = d;
-    else a = c;
-    c = b - ratio * (b - a), d = a + ratio * (b - a);
-  }
-  return (a + b) / 2;
-}
-
 // Whether two boxes share a point; unlike QRectF::intersects, flat boxes (a level segment) count.
 bool Overlap(const QRectF& a, const QRectF& b) {
   return a.left() <= b.right() && b.left() <= a.right() && a.top() <= b.bottom() && b.top() <= a.bottom();
 }
-
-using Zero = std::function<double(double, double)>;
-
-// Where f and g are both zero, by Newton's method from start with a Jacobian of forward
-// differences: the residuals are exact, so it still converges to full precision. Nothing when it
-// does not converge within reach of start.
-std::optional<QPointF> Newton(const Zero& f, const Zero& g, QPointF start, double reach) {
-  double x = start.x(), y = start.y();
-  for (int i = 0; i < 40; ++i) {
-    const double fv = f(x, y), gv = g(x, y);
-    if (fv == 0 && gv == 0) break;
-    const double hx = 1e-7 * std::max(1.0, std::abs(x)), hy = 1e-7 * std::max(1.0, std::abs(y));
-    const double fx = (f(x + hx, y) - fv) / hx, fy = (f(x, y + hy) - fv) / hy;
-    const double gx = (g(x + hx, y) - gv) / hx, gy = (g(x, y + hy) - gv) / hy;
-    const double det = fx * gy - fy * gx;
-    if (det == 0 || !std::isfinite(det)) return std::nullopt;
-    const double dx = (fv * gy - fy * gv) / det, dy = (fx * gv - fv * gx) / det;
-    x -= dx, y -= dy;
-    if (!std::isfinite(x) || !std::isfinite(y)) return std::nullopt;
-    if (std::abs(dx) <= 1e-15 * std::max(1.0, std::abs(x)) && std::abs(dy) <= 1e-15 * std::max(1.0, std::abs(y))) break;
-  }
-  if (std::hypot(x - start.x(), y - start.y()) > reach) return std::nullopt;
-  return QPointF(x, y);
-}
-
-// How far refinement may move a point found on the picture: a few pixels.
-double Reach(const ViewTransform& view) { return 3 * std::hypot(view.XPerPixel(), view.YPerPixel()); }
 
 bool InView(QPointF p, const ViewTransform& view) {
   return p.x() >= view.XMin() && p.x() <= view.XMax() && p.y() >= view.YMin() && p.y() <= view.YMax();
@@ -91,42 +36,99 @@ std::optional<QPointF> Crossing(QPointF a1, QPointF a2, QPointF b1, QPointF b2) 
   return a1 + t * r;
 }
 
-void Roots(const Drawing::Curve& c, double reach, std::vector<SpecialPoint>& out) {
+double Distance(QPointF a, QPointF b) { return std::hypot(a.x() - b.x(), a.y() - b.y()); }
+
+// The search over one drawing and view: how far refinement may move a point found on the picture
+// (a few pixels), and the parameter scans of polar and parametric curves, made when first needed.
+class Search {
+public:
+  Search(const Drawing& drawing, const ViewTransform& view)
+      : Curves(drawing.Curves), View(view), Reach(3 * std::hypot(view.XPerPixel(), view.YPerPixel())),
+        m_scans(drawing.Curves.size()) {}
+
+  const ParameterScan& Scan(std::size_t curve) {
+    if (!m_scans[curve]) m_scans[curve] = std::make_unique<ParameterScan>(Curves[curve]);
+    return *m_scans[curve];
+  }
+
+  // A point of a polar or parametric curve refined from at: where h of the curve's point is zero,
+  // within a step of the parameter nearest to at. Nothing where there is none within reach.
+  std::optional<QPointF> OnParameter(std::size_t curve, QPointF at, const std::function<double(QPointF)>& h) {
+    const Drawing::Curve& c = Curves[curve];
+    const ParameterScan& scan = Scan(curve);
+    const auto t = scan.Nearest(at, View, 3);
+    if (!t) return std::nullopt;
+    const auto zero = Bracketed([&](double u) { return h(c.PointAt(u)); }, *t - scan.Step(), *t + scan.Step());
+    if (!zero) return std::nullopt;
+    const QPointF refined = c.PointAt(*zero);
+    if (!(Distance(refined, at) <= Reach)) return std::nullopt;
+    return refined;
+  }
+
+  const std::vector<Drawing::Curve>& Curves;
+  const ViewTransform& View;
+  const double Reach;
+
+private:
+  std::vector<std::unique_ptr<ParameterScan>> m_scans;
+};
+
+// A root of other than y = f(x), refined from the point found on the picture.
+QPointF RefinedRoot(Search& search, std::size_t curve, QPointF at) {
+  const Drawing::Curve& c = search.Curves[curve];
+  if (c.Zero) return {Newton(c.Zero, [](double, double v) { return v; }, at, search.Reach).value_or(at).x(), 0};
+  if (c.PointAt) return {search.OnParameter(curve, at, [](QPointF p) { return p.y(); }).value_or(at).x(), 0};
+  return at;
+}
+
+void Roots(Search& search, std::size_t curve, std::vector<SpecialPoint>& out) {
+  const Drawing::Curve& c = search.Curves[curve];
   for (const QPolygonF& piece : c.Pieces) {
     for (qsizetype i = 1; i < piece.size(); ++i) {
       const QPointF a = piece[i - 1], b = piece[i];
       if (a.y() == 0) out.push_back({a, SpecialPoint::Kind::Root});
       if ((a.y() < 0) == (b.y() < 0) || b.y() == 0) continue;
-      double x = a.x() + (b.x() - a.x()) * a.y() / (a.y() - b.y());
-      if (c.Explicit) {
-        x = Bisect(c.Explicit, a.x(), b.x());
-      } else if (c.Zero) {
-        x = Newton(c.Zero, [](double, double v) { return v; }, QPointF(x, 0), reach).value_or(QPointF(x, 0)).x();
-      }
-      out.push_back({QPointF(x, 0), SpecialPoint::Kind::Root});
+      QPointF at(a.x() + (b.x() - a.x()) * a.y() / (a.y() - b.y()), 0);
+      if (c.Explicit) at.setX(Bisect(c.Explicit, a.x(), b.x()));
+      else at = RefinedRoot(search, curve, at);
+      out.push_back({at, SpecialPoint::Kind::Root});
     }
   }
 }
 
-void Extrema(const Drawing::Curve& c, std::vector<SpecialPoint>& out) {
-  for (const QPolygonF& piece : c.Pieces) {
+QPointF RefinedExtremum(Search& search, std::size_t curve, QPointF before, QPointF at, QPointF after, bool maximum) {
+  const Drawing::Curve& c = search.Curves[curve];
+  if (c.Explicit) {
+    const double x = Golden(c.Explicit, before.x(), after.x(), maximum);
+    return {x, c.Explicit(x)};
+  }
+  if (!c.PointAt) return at;
+  // Between the parameters of the neighbouring vertices, where the picture turns.
+  const ParameterScan& scan = search.Scan(curve);
+  const auto from = scan.Nearest(before, search.View, 3), to = scan.Nearest(after, search.View, 3);
+  if (!from || !to || *from == *to) return at;
+  const double u = Golden([&](double s) { return c.PointAt(s).y(); }, std::min(*from, *to), std::max(*from, *to), maximum);
+  // Where the parameter wraps round between the neighbours, the section may find another turn.
+  const QPointF refined = c.PointAt(u);
+  return Distance(refined, at) <= std::max(Distance(before, at), Distance(after, at)) ? refined : at;
+}
+
+void Extrema(Search& search, std::size_t curve, std::vector<SpecialPoint>& out) {
+  for (const QPolygonF& piece : search.Curves[curve].Pieces) {
     for (qsizetype i = 1; i + 1 < piece.size(); ++i) {
       const double before = piece[i].y() - piece[i - 1].y();
       const double after = piece[i + 1].y() - piece[i].y();
       const bool maximum = before > 0 && after <= 0;
       const bool minimum = before < 0 && after >= 0;
       if (!maximum && !minimum) continue;
-      QPointF at = piece[i];
-      if (c.Explicit) {
-        const double x = Golden(c.Explicit, piece[i - 1].x(), piece[i + 1].x(), maximum);
-        at = QPointF(x, c.Explicit(x));
-      }
+      const QPointF at = RefinedExtremum(search, curve, piece[i - 1], piece[i], piece[i + 1], maximum);
       out.push_back({at, maximum ? SpecialPoint::Kind::Maximum : SpecialPoint::Kind::Minimum});
     }
   }
 }
 
-void YIntercepts(const Drawing::Curve& c, double reach, std::vector<SpecialPoint>& out) {
+void YIntercepts(Search& search, std::size_t curve, std::vector<SpecialPoint>& out) {
+  const Drawing::Curve& c = search.Curves[curve];
   if (c.Explicit) {
     const double y = c.Explicit(0);
     if (std::isfinite(y)) out.push_back({QPointF(0, y), SpecialPoint::Kind::YIntercept});
@@ -137,92 +139,60 @@ void YIntercepts(const Drawing::Curve& c, double reach, std::vector<SpecialPoint
       const QPointF a = piece[i - 1], b = piece[i];
       if ((a.x() < 0) == (b.x() < 0) || a.x() == b.x()) continue;
       QPointF at = a + (b - a) * (-a.x() / (b.x() - a.x()));
-      if (c.Zero) at.setY(Newton(c.Zero, [](double u, double) { return u; }, at, reach).value_or(at).y());
-      out.push_back({at, SpecialPoint::Kind::YIntercept});
+      if (c.Zero) at.setY(Newton(c.Zero, [](double u, double) { return u; }, at, search.Reach).value_or(at).y());
+      else if (c.PointAt) at.setY(search.OnParameter(curve, at, [](QPointF p) { return p.x(); }).value_or(at).y());
+      out.push_back({QPointF(0, at.y()), SpecialPoint::Kind::YIntercept});
     }
   }
 }
 
-// The crossing refined on both functions: by bisection where both curves are y = f(x), else by
-// Newton's method where both have a function that is zero on them.
-QPointF Refined(const Drawing::Curve& c, const Drawing::Curve& d, QPointF a1, QPointF a2, QPointF b1, QPointF b2, QPointF at,
-                double reach) {
-  if (!c.Explicit || !d.Explicit) {
-    if (!c.Zero || !d.Zero) return at;
-    return Newton(c.Zero, d.Zero, at, reach).value_or(at);
+// A crossing of curves c and d, found between segments a1-a2 and b1-b2, refined: by bisection
+// where both are y = f(x), by Newton's method where both have a function that is zero on them,
+// and on the parameter where one is polar or parametric and the other has such a function.
+QPointF RefinedCrossing(Search& search, std::size_t c, std::size_t d, QPointF a1, QPointF a2, QPointF b1, QPointF b2,
+                        QPointF at) {
+  const Drawing::Curve& first = search.Curves[c];
+  const Drawing::Curve& second = search.Curves[d];
+  if (first.Explicit && second.Explicit) {
+    const Function difference = [&](double x) { return first.Explicit(x) - second.Explicit(x); };
+    const double lo = std::max(std::min(a1.x(), a2.x()), std::min(b1.x(), b2.x()));
+    const double hi = std::min(std::max(a1.x(), a2.x()), std::max(b1.x(), b2.x()));
+    if (!(lo < hi)) return at;
+    const auto x = Bracketed(difference, lo, hi);
+    return x ? QPointF(*x, first.Explicit(*x)) : at;
   }
-  const Function difference = [&](double x) { return c.Explicit(x) - d.Explicit(x); };
-  const double lo = std::max(std::min(a1.x(), a2.x()), std::min(b1.x(), b2.x()));
-  const double hi = std::min(std::max(a1.x(), a2.x()), std::max(b1.x(), b2.x()));
-  if (!(lo < hi) || (difference(lo) > 0) == (difference(hi) > 0)) return at;
-  const double x = Bisect(difference, lo, hi);
-  return QPointF(x, c.Explicit(x));
+  if (first.Zero && second.Zero) return Newton(first.Zero, second.Zero, at, search.Reach).value_or(at);
+  if (first.PointAt && second.Zero) {
+    return search.OnParameter(c, at, [&](QPointF p) { return second.Zero(p.x(), p.y()); }).value_or(at);
+  }
+  if (second.PointAt && first.Zero) {
+    return search.OnParameter(d, at, [&](QPointF p) { return first.Zero(p.x(), p.y()); }).value_or(at);
+  }
+  return at;
 }
 
-struct Segment {
-  QPointF A, B;
-  std::size_t Curve;
-};
-
-// The segments of the other curves, filed by the columns of the view their x-range spans, so that
-// a segment is tried only against the few that share a column with it.
-class Columns {
-public:
-  static constexpr int kCount = 256;
-
-  explicit Columns(const ViewTransform& view) : m_min(view.XMin()), m_width((view.XMax() - view.XMin()) / kCount) {}
-
-  void File(const Segment& s) {
-    const auto [first, last] = Span(s.A.x(), s.B.x());
-    for (int i = first; i <= last; ++i) m_columns[static_cast<std::size_t>(i)].push_back(s);
-  }
-
-  // Each segment that shares a column with the one from a to b, once.
-  template <typename Visit>
-  void Near(QPointF a, QPointF b, Visit visit) const {
-    const auto [first, last] = Span(a.x(), b.x());
-    for (int i = first; i <= last; ++i) {
-      for (const Segment& s : m_columns[static_cast<std::size_t>(i)]) {
-        // A segment filed in several columns is visited in the first that both share.
-        if (std::max(first, Column(std::min(s.A.x(), s.B.x()))) < i) continue;
-        visit(s);
-      }
-    }
-  }
-
-private:
-  int Column(double x) const {
-    const double at = std::floor((x - m_min) / m_width);
-    return static_cast<int>(std::clamp(at, 0.0, kCount - 1.0));
-  }
-  std::pair<int, int> Span(double x1, double x2) const { return {Column(std::min(x1, x2)), Column(std::max(x1, x2))}; }
-
-  double m_min, m_width;
-  std::array<std::vector<Segment>, kCount> m_columns;
-};
-
-void Intersections(const Drawing& drawing, std::size_t index, const ViewTransform& view, std::vector<SpecialPoint>& out) {
+void Intersections(Search& search, std::size_t index, std::vector<SpecialPoint>& out) {
+  const ViewTransform& view = search.View;
   if (!(view.XMax() > view.XMin())) return;
-  auto columns = std::make_unique<Columns>(view);
-  for (std::size_t other = 0; other < drawing.Curves.size(); ++other) {
+  auto columns = std::make_unique<SegmentColumns>(view);
+  for (std::size_t other = 0; other < search.Curves.size(); ++other) {
     if (other == index) continue;
-    for (const QPolygonF& q : drawing.Curves[other].Pieces) {
+    for (const QPolygonF& q : search.Curves[other].Pieces) {
       for (qsizetype j = 1; j < q.size(); ++j) {
         if (std::max(q[j - 1].x(), q[j].x()) < view.XMin() || std::min(q[j - 1].x(), q[j].x()) > view.XMax()) continue;
         columns->File({q[j - 1], q[j], other});
       }
     }
   }
-  const Drawing::Curve& c = drawing.Curves[index];
-  const double reach = Reach(view);
-  for (const QPolygonF& p : c.Pieces) {
+  for (const QPolygonF& p : search.Curves[index].Pieces) {
     for (qsizetype i = 1; i < p.size(); ++i) {
       const QPointF a1 = p[i - 1], a2 = p[i];
       const QRectF box = QRectF(a1, a2).normalized();
       columns->Near(a1, a2, [&](const Segment& s) {
         if (!Overlap(box, QRectF(s.A, s.B).normalized())) return;
         if (const auto at = Crossing(a1, a2, s.A, s.B)) {
-          out.push_back({Refined(c, drawing.Curves[s.Curve], a1, a2, s.A, s.B, *at, reach), SpecialPoint::Kind::Intersection});
+          const QPointF refined = RefinedCrossing(search, index, s.Curve, a1, a2, s.A, s.B, *at);
+          out.push_back({refined, SpecialPoint::Kind::Intersection});
         }
       });
     }
@@ -234,11 +204,11 @@ void Intersections(const Drawing& drawing, std::size_t index, const ViewTransfor
 std::vector<SpecialPoint> FindSpecialPoints(const Drawing& drawing, std::size_t curve, const ViewTransform& view) {
   std::vector<SpecialPoint> found;
   if (curve >= drawing.Curves.size()) return found;
-  const Drawing::Curve& c = drawing.Curves[curve];
-  Roots(c, Reach(view), found);
-  Extrema(c, found);
-  YIntercepts(c, Reach(view), found);
-  Intersections(drawing, curve, view, found);
+  Search search(drawing, view);
+  Roots(search, curve, found);
+  Extrema(search, curve, found);
+  YIntercepts(search, curve, found);
+  Intersections(search, curve, found);
   // In view, and one of each where two lie within a pixel of each other.
   std::vector<SpecialPoint> kept;
   for (const SpecialPoint& p : found) {

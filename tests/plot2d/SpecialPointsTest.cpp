@@ -119,9 +119,42 @@ TEST(SpecialPoints, PolarAndParametricCurvesMeetALine) {
   const double r4 = 4 / std::sqrt(2.0), r6 = 6 / std::sqrt(2.0);
   const double expected[] = {-r6, -r4, r4, r6};
   for (std::size_t i = 0; i < 4; ++i) {
-    EXPECT_NEAR(at[i].x(), expected[i], 0.01) << i;
-    EXPECT_NEAR(at[i].y(), expected[i], 0.01) << i;
+    EXPECT_NEAR(at[i].x(), expected[i], 1e-12) << i;
+    EXPECT_NEAR(at[i].y(), expected[i], 1e-12) << i;
   }
+}
+
+TEST(SpecialPoints, ParametricAndPolarPointsAreRefinedOnTheParameter) {
+  Plot plot;
+  plot.SetSize(QSize(600, 600));
+  plot.AddParametric("3*cos(t)", "3*sin(t)-1", 0, 2 * std::numbers::pi, 1, 0);
+  std::int32_t kind = 0;
+  plot.AddFunction(1, "r=2+cos(theta)", 0, false, kind, false, false, false, 0);
+  plot.Redraw();
+  ASSERT_EQ(plot.LastDrawing().Curves.size(), 2u);
+  const auto circle = Found(plot, 1);
+  const auto roots = Of(circle, Kind::Root);
+  ASSERT_EQ(roots.size(), 2u);
+  EXPECT_NEAR(roots[0].x(), -2 * std::sqrt(2.0), 1e-12);  // 3 sin t = 1: x = ±3 cos t = ±2√2
+  EXPECT_NEAR(roots[1].x(), 2 * std::sqrt(2.0), 1e-12);
+  const auto maxima = Of(circle, Kind::Maximum), minima = Of(circle, Kind::Minimum);
+  ASSERT_EQ(maxima.size(), 1u);
+  ASSERT_EQ(minima.size(), 1u);
+  EXPECT_NEAR(maxima[0].y(), 2, 1e-12);
+  EXPECT_NEAR(maxima[0].x(), 0, 1e-6);  // flat at the top: x is as good as its square root
+  EXPECT_NEAR(minima[0].y(), -4, 1e-12);
+  auto at = Of(circle, Kind::YIntercept);
+  ASSERT_EQ(at.size(), 2u);
+  std::sort(at.begin(), at.end(), [](QPointF a, QPointF b) { return a.y() < b.y(); });
+  EXPECT_NEAR(at[0].y(), -4, 1e-12);
+  EXPECT_NEAR(at[1].y(), 2, 1e-12);
+  // r = 2 + cos(theta) meets the x-axis at 3 and -1 and the y-axis at ±2.
+  const auto limacon = Found(plot, 0);
+  const auto polarRoots = Of(limacon, Kind::Root);
+  ASSERT_EQ(polarRoots.size(), 2u);
+  EXPECT_NEAR(polarRoots[0].x(), -1, 1e-12);
+  EXPECT_NEAR(polarRoots[1].x(), 3, 1e-12);
+  for (const QPointF p : Of(limacon, Kind::YIntercept)) EXPECT_NEAR(std::abs(p.y()), 2, 1e-12);
 }
 
 TEST(SpecialPoints, AnImplicitCurvesRootsAndInterceptsAreRefined) {
