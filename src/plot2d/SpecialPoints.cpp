@@ -102,6 +102,15 @@ QPointF RefinedExtremum(Search& search, std::size_t curve, QPointF before, QPoin
     const double x = Golden(c.Explicit, before.x(), after.x(), maximum);
     return {x, c.Explicit(x)};
   }
+  const double reach = std::max(Distance(before, at), Distance(after, at));
+  if (c.Zero) {
+    // Where the curve F = 0 has a level tangent: F = 0 and dF/dx = 0, dF/dx by central differences.
+    const Zero slope = [&](double x, double y) {
+      const double h = 1e-6 * std::max(1.0, std::abs(x));
+      return (c.Zero(x + h, y) - c.Zero(x - h, y)) / (2 * h);
+    };
+    return Newton(c.Zero, slope, at, reach).value_or(at);
+  }
   if (!c.PointAt) return at;
   // Between the parameters of the neighbouring vertices, where the picture turns.
   const ParameterScan& scan = search.Scan(curve);
@@ -110,7 +119,7 @@ QPointF RefinedExtremum(Search& search, std::size_t curve, QPointF before, QPoin
   const double u = Golden([&](double s) { return c.PointAt(s).y(); }, std::min(*from, *to), std::max(*from, *to), maximum);
   // Where the parameter wraps round between the neighbours, the section may find another turn.
   const QPointF refined = c.PointAt(u);
-  return Distance(refined, at) <= std::max(Distance(before, at), Distance(after, at)) ? refined : at;
+  return Distance(refined, at) <= reach ? refined : at;
 }
 
 void Extrema(Search& search, std::size_t curve, std::vector<SpecialPoint>& out) {

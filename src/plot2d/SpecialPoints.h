@@ -18,10 +18,10 @@ struct SpecialPoint {
 
 // The special points of one curve of a drawing that lie in the view: its roots, local extrema,
 // the y-intercept and its intersections with the other curves. Found on the sampled curve, then
-// refined: on f itself for y = f(x) (bisection, golden section), and by Newton's method for roots,
-// intercepts and crossings of curves with a function that is zero on them (x = f(y), implicit).
-// Extrema of other curves, points of polar and parametric curves, and points where two curves
-// touch keep the precision of the picture.
+// refined: on f itself for y = f(x) (bisection, golden section); by Newton's method for curves
+// with a function that is zero on them (x = f(y), implicit); on the parameter for polar and
+// parametric curves. Points where two curves touch, and crossings of two polar or parametric
+// curves, keep the precision of the picture.
 std::vector<SpecialPoint> FindSpecialPoints(const Drawing& drawing, std::size_t curve, const ViewTransform& view);
 
 // "(x, y)" at full precision, as a click on a special point copies it.

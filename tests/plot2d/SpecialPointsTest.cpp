@@ -171,6 +171,17 @@ TEST(SpecialPoints, AnImplicitCurvesRootsAndInterceptsAreRefined) {
   EXPECT_NEAR(at[1].y(), 4, 1e-12);
 }
 
+TEST(SpecialPoints, AnImplicitCurvesExtremaAreRefined) {
+  const Plot plot = Drawn({"x^2/16+(y-1)^2/4=1"});  // an ellipse: top (0, 3), bottom (0, -1)
+  const auto points = Found(plot);
+  const auto maxima = Of(points, Kind::Maximum), minima = Of(points, Kind::Minimum);
+  ASSERT_EQ(maxima.size(), 1u);
+  ASSERT_EQ(minima.size(), 1u);
+  EXPECT_NEAR(maxima[0].y(), 3, 1e-12);
+  EXPECT_NEAR(maxima[0].x(), 0, 1e-6);
+  EXPECT_NEAR(minima[0].y(), -1, 1e-12);
+}
+
 TEST(SpecialPoints, AnXOfYCurvesPointsAreRefined) {
   const Plot plot = Drawn({"x=y^2-3"});
   const auto points = Found(plot);
