@@ -37,7 +37,13 @@ const char* NameOf(SpecialPoint::Kind kind) {
   return "";
 }
 
-QString Short(QPointF at) { return QStringLiteral("(%1, %2)").arg(at.x(), 0, 'g', 6).arg(at.y(), 0, 'g', 6); }
+// A point to six digits. A coordinate smaller than a thousandth of the view's span shows as 0: at
+// that scale it is 0, and 9.09e-09 beside the origin reads like an error. The copy keeps it.
+QString Short(QPointF at, QSizeF span) {
+  const double x = std::abs(at.x()) < span.width() * 1e-3 ? 0 : at.x();
+  const double y = std::abs(at.y()) < span.height() * 1e-3 ? 0 : at.y();
+  return QStringLiteral("(%1, %2)").arg(x, 0, 'g', 6).arg(y, 0, 'g', 6);
+}
 
 // A colour as the scene stores it: red in the low byte.
 double ValueOf(const QColor& c) { return c.red() + c.green() * 256.0 + c.blue() * 65536.0; }
@@ -223,7 +229,7 @@ void PlotWidget::ShowCoordinate(QPointF pixel) {
   }
   const double x = m_plot.XMin() + pixel.x() / std::max(1, width()) * (m_plot.XMax() - m_plot.XMin());
   const double y = m_plot.YMax() - pixel.y() / std::max(1, height()) * (m_plot.YMax() - m_plot.YMin());
-  ShowLabel(m_coordinate, Short(QPointF(x, y)), pixel);
+  ShowLabel(m_coordinate, Short(QPointF(x, y), Span()), pixel);
 }
 
 // A label beside the pointer, kept inside the widget; the tip goes above the coordinate.
@@ -242,6 +248,8 @@ bool PlotWidget::PictureIsCurrent() const {
   return !m_picture.isNull() && m_pictureView[0] == m_plot.XMin() && m_pictureView[1] == m_plot.XMax() &&
          m_pictureView[2] == m_plot.YMin() && m_pictureView[3] == m_plot.YMax();
 }
+
+QSizeF PlotWidget::Span() const { return {m_plot.XMax() - m_plot.XMin(), m_plot.YMax() - m_plot.YMin()}; }
 
 QPointF PlotWidget::ToWidget(QPointF at) const {
   return {(at.x() - m_plot.XMin()) / (m_plot.XMax() - m_plot.XMin()) * width(),
@@ -271,11 +279,12 @@ void PlotWidget::ShowTip(QPointF pixel) {
     update();
   }
   if (const SpecialPoint* point = SpecialPointAt(pixel)) {
-    return ShowLabel(m_tip, QStringLiteral("%1 %2").arg(QLatin1String(NameOf(point->What)), Short(point->At)), pixel);
+    return ShowLabel(m_tip, QStringLiteral("%1 %2").arg(QLatin1String(NameOf(point->What)), Short(point->At, Span())), pixel);
   }
   if (curve < 0) return HideTip();
   const int row = drawing.Curves[static_cast<std::size_t>(curve)].Row;
-  ShowLabel(m_tip, row > 0 ? QStringLiteral("Row %1: %2").arg(row).arg(Short(nearest)) : Short(nearest), pixel);
+  const QString at = Short(nearest, Span());
+  ShowLabel(m_tip, row > 0 ? QStringLiteral("Row %1: %2").arg(row).arg(at) : at, pixel);
 }
 
 void PlotWidget::HideTip() {

@@ -82,6 +82,7 @@ private:
   void ShowLabel(QLabel* label, const QString& text, QPointF pixel);
   bool PictureIsCurrent() const;
   QPointF ToWidget(QPointF data) const;
+  QSizeF Span() const;
   const SpecialPoint* SpecialPointAt(QPointF pixel) const;
   void PaintSpecialPoints(QPainter& painter) const;
   void BuildMenu();

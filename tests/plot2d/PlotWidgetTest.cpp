@@ -212,6 +212,9 @@ TEST(PlotWidget, NearACurveATipShowsItsRowAndPointAndItsSpecialPoints) {
   // On a dot the tip names it.
   QTest::mouseMove(&s.widget, PixelOf(std::numbers::pi / 2, 1));
   EXPECT_EQ(Tip(s.widget)->text(), "Maximum (1.5708, 1)");
+  // The root at the origin, whatever tiny x the search ends on, shows as 0.
+  QTest::mouseMove(&s.widget, PixelOf(0, 0) + QPoint(1, 0));
+  EXPECT_TRUE(Tip(s.widget)->text().endsWith(" (0, 0)")) << Tip(s.widget)->text().toStdString();
   QTest::mouseMove(&s.widget, PixelOf(5, 5));
   EXPECT_FALSE(Tip(s.widget)->isVisible());
   EXPECT_TRUE(s.widget.ShownSpecialPoints().empty());
