@@ -86,9 +86,12 @@ void BlockProgram::Evaluate(const Inputs& inputs, std::size_t n, double* out) co
 }
 
 double BlockProgram::At(double x, double y, double t, double theta, double r) const {
-  const double values[kVariableCount] = {x, y, t, theta, r};
+  return At(std::array<double, kVariableCount>{x, y, t, theta, r});
+}
+
+double BlockProgram::At(const std::array<double, kVariableCount>& values) const {
   Inputs inputs{};
-  for (int v = 0; v < kVariableCount; ++v) inputs[static_cast<size_t>(v)] = &values[v];
+  for (std::size_t v = 0; v < values.size(); ++v) inputs[v] = &values[v];
   double out = 0;
   Evaluate(inputs, 1, &out);
   return out;

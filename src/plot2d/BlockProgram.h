@@ -27,6 +27,8 @@ public:
   void Evaluate(const Inputs& inputs, std::size_t n, double* out) const;
   // One point: variables in the order of Variable.
   double At(double x, double y = 0, double t = 0, double theta = 0, double r = 0) const;
+  // One point with every variable, surfaces' ones included.
+  double At(const std::array<double, kVariableCount>& values) const;
 
 private:
   enum class SourceKind : std::uint8_t { Register, Variable, Constant };

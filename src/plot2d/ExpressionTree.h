@@ -6,11 +6,12 @@
 
 namespace plot2d {
 
-// The variables a function line can use. Zero stands for the spelled-out Greek names that are
-// no constant here (alpha, beta, phi, tau, meu, lambda): like an unassigned name of the script
-// engine they are 0.
-enum class Variable : std::uint8_t { X, Y, T, Theta, R, Zero };
-inline constexpr int kVariableCount = 5;
+// The variables a function line can use: those of the plane (x, y, t, theta, r) and those that
+// only surfaces know (z, phi, u, v). Zero stands for the spelled-out Greek names that are no
+// variable or constant (alpha, beta, tau, meu, lambda, and phi in the plane): like an unassigned
+// name of the script engine they are 0.
+enum class Variable : std::uint8_t { X, Y, T, Theta, R, Z, Phi, U, V, Zero };
+inline constexpr int kVariableCount = 9;
 
 enum class Function : std::uint8_t {
   Sin, Cos, Tan, Exp, Ln, Log10, Sqrt, Sqr, Abs, Sgn, Int, Fix, Atan, Asin, Acos, Deg, Fact,

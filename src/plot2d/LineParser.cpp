@@ -57,6 +57,20 @@ const QHash<QString, Name>& Names() {
   return names;
 }
 
+const QHash<QString, Name>& SpaceNames() {
+  static const QHash<QString, Name> names = [] {
+    QHash<QString, Name> n = Names();
+    for (const auto& [name, v] : {std::pair{"z", Variable::Z}, std::pair{"phi", Variable::Phi}, std::pair{"u", Variable::U},
+                                  std::pair{"v", Variable::V}}) {
+      n.insert(name, {TokenKind::Load, 0, v});
+    }
+    return n;
+  }();
+  return names;
+}
+
+const QHash<QString, Name>& NamesOf(Language language) { return language == Language::Space ? SpaceNames() : Names(); }
+
 // The editor's spelling of Greek letters: "q..symb", "f..var..symb".
 QString EditorSymbol(QChar letter) {
   switch (letter.unicode()) {
@@ -77,7 +91,7 @@ bool IsDigit(QChar c) { return c >= u'0' && c <= u'9'; }
 
 class Lexer {
 public:
-  explicit Lexer(const QString& text) : m_text(text.toLower()) {}
+  Lexer(const QString& text, const QHash<QString, Name>& names) : m_text(text.toLower()), m_names(names) {}
 
   std::optional<std::vector<Token>> Run(QString& error) {
     std::vector<Token> tokens;
@@ -139,7 +153,7 @@ private:
   }
 
   void PushName(std::vector<Token>& tokens, const QString& word) {
-    const Name& name = Names()[word];
+    const Name& name = m_names[word];
     Token t;
     t.Kind = name.Kind;
     t.Number = name.Number;
@@ -167,7 +181,7 @@ private:
     const QString word = m_text.mid(start, m_at - start);
     for (qsizetype at = 0; at < word.size();) {
       qsizetype length = word.size() - at;
-      while (length > 0 && !Names().contains(word.mid(at, length))) --length;
+      while (length > 0 && !m_names.contains(word.mid(at, length))) --length;
       if (length == 0) {
         error = QStringLiteral("unknown name \"%1\"").arg(word.mid(at));
         return false;
@@ -196,6 +210,7 @@ private:
   }
 
   QString m_text;
+  const QHash<QString, Name>& m_names;
   qsizetype m_at = 0;
 };
 
@@ -443,9 +458,9 @@ public:
   }
 };
 
-ParsedLine Parse(const QString& text, bool equation, bool fold) {
+ParsedLine Parse(const QString& text, bool equation, bool fold, Language language) {
   ParsedLine line;
-  Lexer lexer(text);
+  Lexer lexer(text, NamesOf(language));
   auto tokens = lexer.Run(line.Error);
   if (!tokens) return line;
   if (tokens->size() == 1) {
@@ -459,12 +474,12 @@ ParsedLine Parse(const QString& text, bool equation, bool fold) {
 
 }  // namespace
 
-ParsedLine ParseLine(const QString& text, bool fold) { return Parse(text, true, fold); }
+ParsedLine ParseLine(const QString& text, bool fold, Language language) { return Parse(text, true, fold, language); }
 
 ParsedInequality ParseInequality(const QString& text) {
   ParsedLine line;
   ParsedInequality result;
-  auto tokens = Lexer(text).Run(line.Error);
+  auto tokens = Lexer(text, Names()).Run(line.Error);
   const int root = tokens ? Parser::ParseCondition(std::move(*tokens), line) : -1;
   if (root < 0) {
     result.Error = line.Error.isEmpty() ? QStringLiteral("the line is empty") : line.Error;
@@ -498,6 +513,6 @@ ParsedInequality ParseInequality(const QString& text) {
   return result;
 }
 
-ParsedLine ParseExpression(const QString& text) { return Parse(text, false, true); }
+ParsedLine ParseExpression(const QString& text, Language language) { return Parse(text, false, true, language); }
 
 }  // namespace plot2d

@@ -37,11 +37,14 @@ struct ParsedLine {
 // number directly behind x, y, t, r, theta, pi or ")" as its exponent ("x2" is x^2, as the
 // normaliser reads it), "[...]" as fix(...), the editor's symbols ("q..symb" is theta).
 // Constants are folded unless fold is false (the derivative keeps "2*pi" as it was written).
-ParsedLine ParseLine(const QString& text, bool fold = true);
+// Plane: the names of function rows. Space: those of surfaces besides, z, phi, u and v.
+enum class Language : std::uint8_t { Plane, Space };
+
+ParsedLine ParseLine(const QString& text, bool fold = true, Language language = Language::Plane);
 
 // Parses an expression alone (the texts of integrals and parametric curves), with no "=" and no
 // conditions.
-ParsedLine ParseExpression(const QString& text);
+ParsedLine ParseExpression(const QString& text, Language language = Language::Plane);
 
 // An inequality "y<f(x)", "y>=f(x)" (or with the sides swapped): the region above or below the
 // boundary y = f(x).

@@ -378,6 +378,10 @@ QString VariableName(Variable v) {
     case Variable::T: return "t";
     case Variable::Theta: return "theta";
     case Variable::R: return "r";
+    case Variable::Z: return "z";
+    case Variable::Phi: return "phi";
+    case Variable::U: return "u";
+    case Variable::V: return "v";
     default: return "0";
   }
 }

@@ -157,3 +157,26 @@ TEST(LineParser, ConstantsAreFolded) {
   EXPECT_EQ(numbers, 0);  // sin(0) was folded away
   EXPECT_DOUBLE_EQ(ValueOf("2*pi*x+sin(0)+3^2", 1), 2 * 3.14159265358979 + 9);
 }
+
+// Surfaces read z, phi, u and v as variables; function rows do not know z, u and v, and phi is 0.
+TEST(LineParser, TheSpaceLanguageKnowsTheSurfacesVariables) {
+  struct SpaceCase {
+    const char* text;
+    double expected;  // at x=1, y=2, t=0, theta=3, r=0, z=4, phi=5, u=6, v=7
+  };
+  const SpaceCase cases[] = {{"z", 4},           {"x+y+z", 7},       {"phi*2", 10},       {"f..var..symb", 5},
+                             {"u*v", 42},        {"2z", 8},          {"z2", 16},          {"sin(u)^2+cos(u)^2", 1},
+                             {"q..symb+phi", 8}, {"xyz", 8},         {"uv-vu", 0},        {"alpha+z", 4}};
+  const std::array<double, kVariableCount> at{1, 2, 0, 3, 0, 4, 5, 6, 7};
+  for (const SpaceCase& c : cases) {
+    const ParsedLine line = ParseExpression(c.text, Language::Space);
+    ASSERT_TRUE(line.Ok()) << c.text << ": " << line.Error.toStdString();
+    EXPECT_NEAR(line.Tree.EvaluateAt(at.data()), c.expected, 1e-12) << c.text;
+    EXPECT_NEAR(BlockProgram(line.Tree, line.Right).At(at), c.expected, 1e-12) << c.text;
+  }
+  EXPECT_EQ(ParseExpression("z").Error, "unknown name \"z\"");
+  EXPECT_EQ(ParseExpression("u+1").Error, "unknown name \"u\"");
+  EXPECT_DOUBLE_EQ(ValueOf("phi+1", 3), 1);  // still 0 in the plane
+  const ParsedLine implicit = ParseLine("x^2+y^2+z^2=4", true, Language::Space);
+  ASSERT_TRUE(implicit.Ok()) << implicit.Error.toStdString();
+}
