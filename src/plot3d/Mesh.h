@@ -1,0 +1,24 @@
+#pragma once
+
+#include "Vec3.h"
+
+#include <array>
+#include <cstdint>
+#include <vector>
+
+namespace plot3d {
+
+// A surface as triangles over shared vertices, with a unit normal at each vertex.
+struct Mesh {
+  std::vector<Vec3> Positions;
+  std::vector<Vec3> Normals;
+  std::vector<std::array<std::uint32_t, 3>> Triangles;
+
+  bool Empty() const { return Triangles.empty(); }
+  // Empties the mesh and keeps its memory.
+  void Clear() { Positions.clear(), Normals.clear(), Triangles.clear(); }
+  // Normals as the area-weighted mean of the faces round each vertex.
+  void ComputeNormals();
+};
+
+}  // namespace plot3d
