@@ -1,6 +1,12 @@
 // Surface meshing: a 200x200 grid of z = sin(x)*cos(y), the finest GridCount, and the plane's
 // own C++ loop over the same grid as the floor to compare with.
+#include "RatioReporter.h"
+
 #include "plot3d/GridMesher.h"
+#include "plot3d/SurfaceRenderer.h"
+
+#include <QGuiApplication>
+#include <QPainter>
 
 #include <benchmark/benchmark.h>
 
@@ -38,6 +44,47 @@ void BM_Surface_ValuesCpp200(benchmark::State& state) {
 }
 BENCHMARK(BM_Surface_ValuesCpp200)->Unit(benchmark::kMillisecond);
 
+// The 200x200 mesh drawn at 1920x1080: our rasteriser, and QPainter filling the same triangles
+// in the same order with flat colours (no depth test, no shading): the peer for the fill alone.
+void BM_Surface_Render200(benchmark::State& state) {
+  const plot3d::Mesh mesh = plot3d::MeshOnGrid(plot3d::SurfaceSource::Compile("sin(x)*cos(y)", 1), {}, 200);
+  QImage image(1920, 1080, QImage::Format_RGB32);
+  plot3d::SurfaceRenderer renderer;
+  for (auto _ : state) renderer.Render(mesh, {}, plot3d::Camera{}, image);
+}
+BENCHMARK(BM_Surface_Render200)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void BM_Surface_QPainter200(benchmark::State& state) {
+  const plot3d::Mesh mesh = plot3d::MeshOnGrid(plot3d::SurfaceSource::Compile("sin(x)*cos(y)", 1), {}, 200);
+  QImage image(1920, 1080, QImage::Format_RGB32);
+  const plot3d::Camera camera;
+  std::vector<QPointF> points;
+  for (const plot3d::Vec3& p : mesh.Positions) {
+    const auto s = camera.Project(p, {}, image.size());
+    points.emplace_back(s.X, s.Y);
+  }
+  for (auto _ : state) {
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.setPen(Qt::NoPen);
+    for (const auto& t : mesh.Triangles) {
+      painter.setBrush(QColor(plot3d::SurfaceRenderer::HeightColor(mesh.Positions[t[0]].Z / 2 + 0.5)));
+      const QPointF triangle[] = {points[t[0]], points[t[1]], points[t[2]]};
+      painter.drawPolygon(triangle, 3);
+    }
+  }
+}
+BENCHMARK(BM_Surface_QPainter200)->Unit(benchmark::kMillisecond)->UseRealTime();
+
 }  // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  QGuiApplication application(argc, argv);
+  benchmark::Initialize(&argc, argv);
+  RatioReporter reporter({{"BM_Surface_Render200/real_time", "BM_Surface_QPainter200/real_time"},
+                          {"BM_Surface_Mesh200", "BM_Surface_ValuesCpp200"}});
+  benchmark::RunSpecifiedBenchmarks(&reporter);
+  benchmark::Shutdown();
+  return 0;
+}

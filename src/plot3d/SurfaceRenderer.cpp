@@ -1,0 +1,119 @@
+#include "SurfaceRenderer.h"
+
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace plot3d {
+
+namespace {
+
+constexpr float kAmbient = 0.35f;
+constexpr float kDiffuse = 0.65f;
+
+}  // namespace
+
+QRgb SurfaceRenderer::HeightColor(double level) {
+  // Hue from 240 (blue) at the bottom to 0 (red) at the top.
+  const double clamped = std::isfinite(level) ? std::clamp(level, 0.0, 1.0) : 0.5;
+  return QColor::fromHsvF(static_cast<float>((1 - clamped) * 240 / 360), 0.75f, 1.0f).rgb();
+}
+
+void SurfaceRenderer::Shade(const Mesh& mesh, const SurfaceRanges& box, const Camera& camera, QSize size) {
+  const Vec3 light = Normalized(Vec3{-0.4, 0.5, 1});  // in view space: from the upper left, in front
+  // The colour scale spans the surface's own heights, so that a low wave in a tall box still shows
+  // its hills and valleys; a level surface takes the middle colour.
+  double low = INFINITY, high = -INFINITY;
+  for (const Vec3& p : mesh.Positions) {
+    if (std::isfinite(p.Z)) low = std::min(low, p.Z), high = std::max(high, p.Z);
+  }
+  m_vertices.resize(mesh.Positions.size());
+  for (std::size_t i = 0; i < mesh.Positions.size(); ++i) {
+    const Vec3 p = mesh.Positions[i];
+    const Camera::Projected s = camera.Project(p, box, size);
+    const Vec3 n = i < mesh.Normals.size() ? camera.ToView(mesh.Normals[i]) : Vec3{0, 0, 1};
+    // Both sides lit alike: the surface has no inside.
+    const float brightness = kAmbient + kDiffuse * static_cast<float>(std::abs(Dot(Normalized(n), light)));
+    const QRgb c = HeightColor(high > low ? (p.Z - low) / (high - low) : 0.5);
+    m_vertices[i] = {static_cast<float>(s.X), static_cast<float>(s.Y), static_cast<float>(s.Depth),
+                     static_cast<float>(qRed(c)) * brightness, static_cast<float>(qGreen(c)) * brightness,
+                     static_cast<float>(qBlue(c)) * brightness};
+  }
+}
+
+// One triangle by its edge functions over its bounding box, pixel centres inside (or on a top or
+// left edge) filled where nearer than what is there.
+void SurfaceRenderer::Fill(const ScreenVertex& a, const ScreenVertex& b, const ScreenVertex& c, QImage& image) {
+  const float area = (b.X - a.X) * (c.Y - a.Y) - (b.Y - a.Y) * (c.X - a.X);
+  if (!(std::abs(area) > 1e-12f)) return;
+  const int width = image.width(), height = image.height();
+  const int x0 = std::max(0, static_cast<int>(std::floor(std::min({a.X, b.X, c.X}))));
+  const int x1 = std::min(width - 1, static_cast<int>(std::ceil(std::max({a.X, b.X, c.X}))));
+  const int y0 = std::max(0, static_cast<int>(std::floor(std::min({a.Y, b.Y, c.Y}))));
+  const int y1 = std::min(height - 1, static_cast<int>(std::ceil(std::max({a.Y, b.Y, c.Y}))));
+  const float inverse = 1 / area;
+  for (int y = y0; y <= y1; ++y) {
+    auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
+    float* depth = m_depth.data() + static_cast<std::size_t>(y) * static_cast<std::size_t>(width);
+    const float py = static_cast<float>(y) + 0.5f;
+    for (int x = x0; x <= x1; ++x) {
+      const float px = static_cast<float>(x) + 0.5f;
+      const float wa = ((b.X - px) * (c.Y - py) - (b.Y - py) * (c.X - px)) * inverse;
+      const float wb = ((c.X - px) * (a.Y - py) - (c.Y - py) * (a.X - px)) * inverse;
+      const float wc = 1 - wa - wb;
+      if (wa < 0 || wb < 0 || wc < 0) continue;
+      const float z = wa * a.Depth + wb * b.Depth + wc * c.Depth;
+      if (z <= depth[x]) continue;
+      depth[x] = z;
+      const auto channel = [&](float va, float vb, float vc) {
+        return std::clamp(static_cast<int>(wa * va + wb * vb + wc * vc), 0, 255);
+      };
+      line[x] = qRgb(channel(a.R, b.R, c.R), channel(a.G, b.G, c.G), channel(a.B, b.B, c.B));
+    }
+  }
+}
+
+void SurfaceRenderer::DrawBox(const SurfaceRanges& box, const Camera& camera, QImage& image) const {
+  QPainter painter(&image);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(QColor(90, 90, 90), 1));
+  const double xs[] = {box.XMin, box.XMax}, ys[] = {box.YMin, box.YMax}, zs[] = {box.ZMin, box.ZMax};
+  const auto at = [&](int i, int j, int k) {
+    const Camera::Projected p = camera.Project({xs[i], ys[j], zs[k]}, box, image.size());
+    return QPointF(p.X, p.Y);
+  };
+  for (int i = 0; i < 2; ++i) {
+    for (int j = 0; j < 2; ++j) {
+      painter.drawLine(at(0, i, j), at(1, i, j));
+      painter.drawLine(at(i, 0, j), at(i, 1, j));
+      painter.drawLine(at(i, j, 0), at(i, j, 1));
+    }
+  }
+}
+
+void SurfaceRenderer::DrawMeshLines(const Mesh& mesh, QImage& image) const {
+  QPainter painter(&image);
+  painter.setPen(QPen(QColor(0, 0, 0, 60), 0));
+  for (const auto& t : mesh.Triangles) {
+    const ScreenVertex &a = m_vertices[t[0]], &b = m_vertices[t[1]];
+    painter.drawLine(QPointF(a.X, a.Y), QPointF(b.X, b.Y));
+  }
+}
+
+void SurfaceRenderer::Render(const Mesh& mesh, const SurfaceRanges& box, const Camera& camera, QImage& image,
+                             const Options& options) {
+  if (image.format() != QImage::Format_RGB32 && image.format() != QImage::Format_ARGB32) {
+    image = image.convertToFormat(QImage::Format_RGB32);
+  }
+  image.fill(options.Background);
+  m_depth.assign(static_cast<std::size_t>(image.width()) * static_cast<std::size_t>(image.height()),
+                 -std::numeric_limits<float>::infinity());
+  Shade(mesh, box, camera, image.size());
+  for (const auto& t : mesh.Triangles) Fill(m_vertices[t[0]], m_vertices[t[1]], m_vertices[t[2]], image);
+  if (options.MeshLines) DrawMeshLines(mesh, image);
+  if (options.Box) DrawBox(box, camera, image);
+}
+
+}  // namespace plot3d

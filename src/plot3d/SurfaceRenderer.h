@@ -1,0 +1,47 @@
+#pragma once
+
+#include "Camera.h"
+#include "GridMesher.h"
+#include "Mesh.h"
+
+#include <QColor>
+#include <QImage>
+
+#include <vector>
+
+namespace plot3d {
+
+// Draws a mesh into a picture in software: a z-buffer rasteriser that shades each triangle
+// smoothly from its corners, coloured by height (blue lowest to red highest) and lit by a light over
+// the viewer's shoulder, both sides of the surface alike. Then the edges of the box.
+class SurfaceRenderer {
+public:
+  struct Options {
+    QColor Background = Qt::white;
+    bool MeshLines = false;
+    bool Box = true;
+  };
+
+  void Render(const Mesh& mesh, const SurfaceRanges& box, const Camera& camera, QImage& image, const Options& options);
+  void Render(const Mesh& mesh, const SurfaceRanges& box, const Camera& camera, QImage& image) {
+    Render(mesh, box, camera, image, Options{});
+  }
+
+  // The colour for a height, 0 the surface's lowest and 1 its highest.
+  static QRgb HeightColor(double level);
+
+private:
+  struct ScreenVertex {
+    float X, Y, Depth;
+    float R, G, B;
+  };
+  void Shade(const Mesh& mesh, const SurfaceRanges& box, const Camera& camera, QSize size);
+  void Fill(const ScreenVertex& a, const ScreenVertex& b, const ScreenVertex& c, QImage& image);
+  void DrawBox(const SurfaceRanges& box, const Camera& camera, QImage& image) const;
+  void DrawMeshLines(const Mesh& mesh, QImage& image) const;
+
+  std::vector<ScreenVertex> m_vertices;  // kept between pictures, as the depths are
+  std::vector<float> m_depth;
+};
+
+}  // namespace plot3d

@@ -1,0 +1,104 @@
+#include "plot3d/SurfaceRenderer.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <numbers>
+
+using namespace plot3d;
+
+namespace {
+
+Camera FromAbove() {
+  Camera camera;
+  camera.Azimuth = 0;
+  camera.Elevation = std::numbers::pi / 2;
+  return camera;
+}
+
+// A square of the box's full width at height z, as two triangles.
+void AddSquare(Mesh& mesh, double z) {
+  const auto first = static_cast<std::uint32_t>(mesh.Positions.size());
+  for (const auto& [x, y] : {std::pair{-5.0, -5.0}, std::pair{5.0, -5.0}, std::pair{5.0, 5.0}, std::pair{-5.0, 5.0}}) {
+    mesh.Positions.push_back({x, y, z});
+  }
+  mesh.Triangles.push_back({first, first + 1, first + 2});
+  mesh.Triangles.push_back({first, first + 2, first + 3});
+}
+
+bool White(const QImage& image, int x, int y) { return image.pixel(x, y) == qRgb(255, 255, 255); }
+
+}  // namespace
+
+TEST(SurfaceRenderer, APlaneSeenFromAboveFillsItsSquare) {
+  Mesh mesh;
+  AddSquare(mesh, 0);
+  mesh.ComputeNormals();
+  QImage image(300, 300, QImage::Format_RGB32);
+  SurfaceRenderer renderer;
+  renderer.Render(mesh, SurfaceRanges{}, FromAbove(), image, {Qt::white, false, false});
+  // The cube's diagonal spans 300 pixels: its side, 300/sqrt(3) = 173, is centred.
+  const int half = static_cast<int>(300 / std::sqrt(3.0) / 2);
+  EXPECT_FALSE(White(image, 150, 150));
+  EXPECT_FALSE(White(image, 150 - half + 3, 150 - half + 3));
+  EXPECT_FALSE(White(image, 150 + half - 3, 150 + half - 3));
+  EXPECT_TRUE(White(image, 150 - half - 3, 150));
+  EXPECT_TRUE(White(image, 150, 150 + half + 3));
+  EXPECT_TRUE(White(image, 5, 5));
+  // Lit straight on, the colour of the middle height: hue 120, green.
+  const QColor middle(image.pixel(150, 150));
+  EXPECT_GT(middle.green(), middle.red());
+  EXPECT_GT(middle.green(), middle.blue());
+}
+
+TEST(SurfaceRenderer, TheNearerSurfaceHidesTheFarther) {
+  for (const bool upperFirst : {true, false}) {
+    Mesh mesh;
+    AddSquare(mesh, upperFirst ? 4 : -4);
+    AddSquare(mesh, upperFirst ? -4 : 4);
+    mesh.ComputeNormals();
+    QImage image(200, 200, QImage::Format_RGB32);
+    SurfaceRenderer renderer;
+    renderer.Render(mesh, SurfaceRanges{}, FromAbove(), image, {Qt::white, false, false});
+    // From above the upper square shows: red-ish, the top of the colour scale.
+    const QColor seen(image.pixel(100, 100));
+    EXPECT_GT(seen.red(), seen.blue()) << upperFirst;
+  }
+}
+
+TEST(SurfaceRenderer, TheColourScaleRunsFromBlueToRed) {
+  EXPECT_EQ(QColor(SurfaceRenderer::HeightColor(0)).hue(), 240);
+  EXPECT_EQ(QColor(SurfaceRenderer::HeightColor(1)).hue(), 0);
+  EXPECT_EQ(QColor(SurfaceRenderer::HeightColor(0.5)).hue(), 120);
+  EXPECT_EQ(SurfaceRenderer::HeightColor(-3), SurfaceRenderer::HeightColor(0));
+  EXPECT_EQ(SurfaceRenderer::HeightColor(NAN), SurfaceRenderer::HeightColor(0.5));
+}
+
+TEST(SurfaceRenderer, AnEmptyMeshLeavesTheBackgroundAndTheBox) {
+  QImage image(120, 80, QImage::Format_RGB32);
+  SurfaceRenderer renderer;
+  renderer.Render(Mesh{}, SurfaceRanges{}, Camera{}, image, {QColor(10, 20, 30), false, false});
+  EXPECT_EQ(image.pixel(60, 40), qRgb(10, 20, 30));
+  renderer.Render(Mesh{}, SurfaceRanges{}, Camera{}, image);
+  int inked = 0;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) inked += !White(image, x, y);
+  }
+  EXPECT_GT(inked, 100);  // the box's edges
+}
+
+TEST(SurfaceRenderer, AMeshFromTheMesherRenders) {
+  const Mesh mesh = MeshOnGrid(SurfaceSource::Compile("sin(x)*cos(y)", 1), {}, 50);
+  QImage image(400, 300, QImage::Format_RGB32);
+  SurfaceRenderer renderer;
+  renderer.Render(mesh, SurfaceRanges{}, Camera{}, image);
+  int coloured = 0;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      const QColor c(image.pixel(x, y));
+      coloured += c.saturation() > 60;
+    }
+  }
+  EXPECT_GT(coloured, 400 * 300 / 10);
+  if (qEnvironmentVariableIsSet("QUILLOGRAPH_SAVE_PICTURES")) image.save("/tmp/surface.png");
+}
