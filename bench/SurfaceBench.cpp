@@ -3,6 +3,7 @@
 #include "RatioReporter.h"
 
 #include "plot3d/GridMesher.h"
+#include "plot3d/IsoMesher.h"
 #include "plot3d/SurfaceRenderer.h"
 
 #include <QGuiApplication>
@@ -43,6 +44,19 @@ void BM_Surface_ValuesCpp200(benchmark::State& state) {
   }
 }
 BENCHMARK(BM_Surface_ValuesCpp200)->Unit(benchmark::kMillisecond);
+
+// The heart on a grid of 100 cells per side, in the box that holds it.
+void BM_Surface_Heart100(benchmark::State& state) {
+  const auto source = plot3d::SurfaceSource::Compile("(x^2+9/4*y^2+z^2-1)^3-x^2*z^3-9/80*y^2*z^3=0", 4);
+  plot3d::SurfaceRanges box;
+  box.XMin = box.YMin = box.ZMin = -1.5, box.XMax = box.YMax = box.ZMax = 1.5;
+  plot3d::Mesh mesh;
+  for (auto _ : state) {
+    plot3d::MeshImplicit(source, box, 100, mesh);
+    benchmark::DoNotOptimize(mesh.Triangles.data());
+  }
+}
+BENCHMARK(BM_Surface_Heart100)->Unit(benchmark::kMillisecond);
 
 // The 200x200 mesh drawn at 1920x1080: our rasteriser, and QPainter filling the same triangles
 // in the same order with flat colours (no depth test, no shading): the peer for the fill alone.
