@@ -2,12 +2,11 @@
 
 #include "Derivative.h"
 #include "Parallel.h"
+#include "PictureFile.h"
 #include "PlotPainter.h"
 
 #include "core/RuntimeError.h"
 
-#include <QFileInfo>
-#include <QImageWriter>
 
 #include <algorithm>
 #include <cmath>
@@ -22,18 +21,6 @@ Drawing::Style StyleOf(bool hasLineStyle, std::int32_t lineStyle) {
   if (lineStyle == 1) return Drawing::Style::Dashed;
   if (lineStyle == 2) return Drawing::Style::Dotted;
   return Drawing::Style::Solid;
-}
-
-// The image format for a picture kind, or for the name's ending when the kind is 0.
-QByteArray FormatOf(const QString& name, std::int32_t kind) {
-  if (kind == 2) return "JPEG";
-  if (kind == 3) return "BMP";
-  if (kind == 0) {
-    const QString suffix = QFileInfo(name).suffix().toLower();
-    if (suffix == u"jpg" || suffix == u"jpeg") return "JPEG";
-    if (suffix == u"bmp") return "BMP";
-  }
-  return "PNG";
 }
 
 }  // namespace
@@ -217,7 +204,7 @@ QImage Plot::Picture(QImage::Format format) const {
 }
 
 void Plot::SavePicture(const QString& name, std::int32_t kind) {
-  const QByteArray format = FormatOf(name, kind);
+  const QByteArray format = PictureFormat(name, kind);
   const bool alpha = format == "PNG" && m_style.TransparentBackground;
   // A saved picture has the scene's size, whatever screen the scene is shown on.
   const double ratio = m_devicePixelRatio;
@@ -233,9 +220,7 @@ void Plot::SavePicture(const QString& name, std::int32_t kind) {
     image = flat.Picture(alpha ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
   }
   image.setDevicePixelRatio(1);
-  QImageWriter writer(name, format);
-  if (format == "JPEG") writer.setQuality(95);
-  if (!writer.write(image)) throw core::RuntimeError(75, writer.errorString());
+  WritePicture(image, name, kind);
 }
 
 }  // namespace plot2d
