@@ -1,0 +1,51 @@
+#include "Plot3D.h"
+
+#include "IsoMesher.h"
+#include "SurfaceSource.h"
+
+#include "plot2d/PictureFile.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace plot3d {
+
+void Plot3D::SetZoom(double zoom) { m_camera.Zoom = std::isfinite(zoom) ? std::clamp(zoom, 0.25, 3.0) : 1.0; }
+
+// The renderer's buffers are made once, at the size the plot first has.
+void Plot3D::Prepare3D() {
+  if (m_prepared) return;
+  m_prepared = true;
+  Refresh();
+}
+
+int Plot3D::ImplicitCells() const { return std::min(2 * GridSteps(m_gridCount), 120); }
+
+void Plot3D::Redraw() {
+  if (OnProgress) OnProgress(0);
+  const SurfaceSource source = SurfaceSource::Compile(m_equation, m_kind);
+  m_problem = source.Error;
+  if (!source.Ok()) {
+    m_mesh.Clear();
+  } else if (source.Kind == SurfaceKind::Implicit) {
+    MeshImplicit(source, m_ranges, ImplicitCells(), m_mesh);
+  } else {
+    MeshOnGrid(source, m_ranges, GridSteps(m_gridCount), m_mesh);
+  }
+  if (OnProgress) OnProgress(90);
+  Refresh();
+  if (OnProgress) OnProgress(100);
+  if (OnFinished) OnFinished();
+}
+
+void Plot3D::Refresh() {
+  if (m_picture.size() != m_size) m_picture = QImage(m_size, QImage::Format_RGB32);
+  m_renderer.Render(m_mesh, m_ranges, m_camera, m_picture);
+}
+
+void Plot3D::SavePicture(const QString& name, std::int32_t kind) {
+  if (m_picture.size() != m_size) Refresh();
+  plot2d::WritePicture(m_picture, name, kind);
+}
+
+}  // namespace plot3d

@@ -1,0 +1,108 @@
+#include "core/RuntimeError.h"
+#include "plot3d/Plot3D.h"
+
+#include <gtest/gtest.h>
+
+#include "QtPrinters.h"
+
+#include <QImageReader>
+#include <QTemporaryDir>
+
+using plot3d::Plot3D;
+
+namespace {
+
+Plot3D Drawn(const QString& equation, std::int32_t kind) {
+  Plot3D plot;
+  plot.SetSize(QSize(200, 150));
+  plot.SetEquation(equation);
+  plot.SetFunctionKind(kind);
+  plot.Redraw();
+  return plot;
+}
+
+}  // namespace
+
+// The texts and kinds as the surface tab hands them over.
+TEST(Plot3D, TheTabsTextsAreDrawn) {
+  struct Case {
+    const char* equation;
+    std::int32_t kind;
+  };
+  const Case cases[] = {{"x^2+y^2", 1}, {"x^2+y^2+z^2=4", 4}, {"2", 5}, {"2*theta", 5}, {"u:v:u+v", 6},
+                        {"sin(x)*z", 2}, {"y*z", 3}, {"1+0*phi", 5}};
+  for (const Case& c : cases) {
+    const Plot3D plot = Drawn(c.equation, c.kind);
+    EXPECT_TRUE(plot.Problem().isEmpty()) << c.equation << ": " << plot.Problem().toStdString();
+    EXPECT_FALSE(plot.Surface().Empty()) << c.equation;
+    EXPECT_EQ(plot.Picture().size(), QSize(200, 150));
+  }
+}
+
+TEST(Plot3D, ABadTextDrawsAnEmptyBoxAndSaysWhy) {
+  Plot3D plot = Drawn("x^2+y^2", 1);
+  ASSERT_FALSE(plot.Surface().Empty());
+  for (const auto& [text, kind] : {std::pair{"sin(", 1}, std::pair{"u:v", 6}, std::pair{"", 4}, std::pair{"x", 9}}) {
+    plot.SetEquation(text);
+    plot.SetFunctionKind(kind);
+    plot.Redraw();
+    EXPECT_FALSE(plot.Problem().isEmpty()) << text;
+    EXPECT_TRUE(plot.Surface().Empty()) << text;
+  }
+}
+
+TEST(Plot3D, ZoomStaysBetweenAQuarterAndThree) {
+  Plot3D plot;
+  EXPECT_EQ(plot.Zoom(), 1);
+  const std::pair<double, double> cases[] = {{2, 2}, {0.1, 0.25}, {7, 3}, {NAN, 1}, {0.25, 0.25}};
+  for (const auto& [given, kept] : cases) {
+    plot.SetZoom(given);
+    EXPECT_EQ(plot.Zoom(), kept) << given;
+  }
+}
+
+TEST(Plot3D, ProgressThenFinished) {
+  Plot3D plot;
+  plot.SetSize(QSize(80, 60));
+  plot.SetEquation("x*y");
+  std::vector<int> steps;
+  int finished = 0;
+  plot.OnProgress = [&](int percent) { steps.push_back(percent); };
+  plot.OnFinished = [&] { ++finished; };
+  plot.Redraw();
+  ASSERT_FALSE(steps.empty());
+  EXPECT_EQ(steps.front(), 0);
+  EXPECT_EQ(steps.back(), 100);
+  EXPECT_TRUE(std::is_sorted(steps.begin(), steps.end()));
+  EXPECT_EQ(finished, 1);
+}
+
+TEST(Plot3D, RefreshRendersTheKeptMeshAgain) {
+  Plot3D plot = Drawn("sin(x)*cos(y)", 1);
+  const QImage before = plot.Picture();
+  plot.View().Azimuth += 0.5;
+  plot.Refresh();
+  EXPECT_NE(plot.Picture(), before);
+  plot.SetSize(QSize(300, 300));
+  plot.Refresh();
+  EXPECT_EQ(plot.Picture().size(), QSize(300, 300));
+}
+
+TEST(Plot3D, SavePictureWritesTheKindsFormat) {
+  QTemporaryDir dir;
+  Plot3D plot = Drawn("x^2-y^2", 1);
+  const std::pair<std::int32_t, const char*> cases[] = {{1, "png"}, {2, "jpeg"}, {3, "bmp"}};
+  for (const auto& [kind, format] : cases) {
+    const QString name = dir.filePath(QStringLiteral("surface%1.out").arg(kind));
+    plot.SavePicture(name, kind);
+    QImageReader reader(name);
+    EXPECT_EQ(reader.format(), QByteArray(format)) << kind;
+    EXPECT_EQ(reader.size(), QSize(200, 150));
+  }
+  try {
+    plot.SavePicture(dir.filePath("no/such/folder/x.png"), 1);
+    ADD_FAILURE() << "no error";
+  } catch (const core::RuntimeError& e) {
+    EXPECT_EQ(e.Number(), 75);
+  }
+}
