@@ -4,6 +4,7 @@
 #include "EvalCommand.h"
 #include "ExplainCommand.h"
 #include "PlotCommand.h"
+#include "SurfaceCommand.h"
 
 namespace cli {
 
@@ -38,7 +39,7 @@ QString HelpText() {
       "                      right-hand side alone. \"Could Not Derivative!\" and exit status 1\n"
       "                      where there is none (implicit equations, point lists, commands).\n"
       "\n") +
-      PlotHelp() +
+      PlotHelp() + u'\n' + SurfaceHelp() +
       QString(
       "\n"
       "Options:\n"
@@ -57,7 +58,21 @@ void ForEachText(const QStringList& texts, QTextStream& in, const std::function<
   }
 }
 
-bool NeedsGui(const QStringList& arguments) { return !arguments.isEmpty() && arguments.first() == u"plot"; }
+std::optional<std::vector<double>> NumberList(const QString& text, int count, QChar separator) {
+  const QStringList parts = text.split(separator);
+  if (parts.size() != count) return std::nullopt;
+  std::vector<double> values;
+  for (const QString& part : parts) {
+    bool ok = false;
+    values.push_back(part.trimmed().toDouble(&ok));
+    if (!ok) return std::nullopt;
+  }
+  return values;
+}
+
+bool NeedsGui(const QStringList& arguments) {
+  return !arguments.isEmpty() && (arguments.first() == u"plot" || arguments.first() == u"surface");
+}
 
 int Run(const QStringList& arguments, Streams streams) {
   if (arguments.isEmpty()) {
@@ -81,6 +96,7 @@ int Run(const QStringList& arguments, Streams streams) {
   if (command == u"eval") return RunEval(rest, streams);
   if (command == u"plot") return RunPlot(rest, streams);
   if (command == u"derive") return RunDerive(rest, streams);
+  if (command == u"surface") return RunSurface(rest, streams);
   streams.Err << "quillograph-cli: unknown command \"" << command << "\"\n\n" << HelpText();
   streams.Err.flush();
   return 2;

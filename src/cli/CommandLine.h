@@ -4,6 +4,8 @@
 #include <QTextStream>
 
 #include <functional>
+#include <optional>
+#include <vector>
 
 namespace cli {
 
@@ -24,6 +26,9 @@ QString HelpText();
 // Hands each text to handle: the given texts, or with none, each line of in as it arrives (a
 // carriage return at the end of a line is dropped).
 void ForEachText(const QStringList& texts, QTextStream& in, const std::function<void(const QString&)>& handle);
+
+// count numbers separated by separator ("800x600", "-1,1"), or nothing when the text is not that.
+std::optional<std::vector<double>> NumberList(const QString& text, int count, QChar separator);
 
 // Whether a command draws, and so needs a QGuiApplication (fonts) before it runs.
 bool NeedsGui(const QStringList& arguments);

@@ -23,18 +23,6 @@ struct PlotOptions {
   QString Output;
 };
 
-std::optional<std::vector<double>> Numbers(const QString& text, int count, QChar separator) {
-  const QStringList parts = text.split(separator);
-  if (parts.size() != count) return std::nullopt;
-  std::vector<double> values;
-  for (const QString& part : parts) {
-    bool ok = false;
-    values.push_back(part.trimmed().toDouble(&ok));
-    if (!ok) return std::nullopt;
-  }
-  return values;
-}
-
 // The kind as the replot driver gives it from a row's start: 1 y=, 2 x=, 3 r=, else 0 (the plot
 // decides).
 std::int32_t KindOf(const QString& row) {
@@ -62,7 +50,7 @@ std::optional<PlotOptions> Parse(const QStringList& arguments, QTextStream& err)
     };
     if (a == u"--size") {
       const auto v = value(i);
-      const auto n = v ? Numbers(*v, 2, u'x') : std::nullopt;
+      const auto n = v ? NumberList(*v, 2, u'x') : std::nullopt;
       if (!n || (*n)[0] < 1 || (*n)[1] < 1 || (*n)[0] > 20000 || (*n)[1] > 20000) {
         err << "quillograph-cli plot: --size wants WxH, such as 800x600\n";
         return std::nullopt;
@@ -70,7 +58,7 @@ std::optional<PlotOptions> Parse(const QStringList& arguments, QTextStream& err)
       o.Size = QSize(static_cast<int>((*n)[0]), static_cast<int>((*n)[1]));
     } else if (a == u"--range") {
       const auto v = value(i);
-      const auto n = v ? Numbers(*v, 4, u',') : std::nullopt;
+      const auto n = v ? NumberList(*v, 4, u',') : std::nullopt;
       if (!n) {
         err << "quillograph-cli plot: --range wants XMIN,XMAX,YMIN,YMAX\n";
         return std::nullopt;
@@ -132,7 +120,7 @@ void AddRows(plot2d::Plot& plot, const PlotOptions& o, QTextStream& err) {
   }
   std::int16_t number = 0;
   for (const QString& text : o.Points) {
-    const auto n = Numbers(text, 2, u',');
+    const auto n = NumberList(text, 2, u',');
     if (!n) {
       err << "quillograph-cli plot: --point wants X,Y: " << text << '\n';
       continue;
@@ -143,7 +131,7 @@ void AddRows(plot2d::Plot& plot, const PlotOptions& o, QTextStream& err) {
   for (const QString& text : o.Integrals) {
     QStringList parts = text.split(u';');
     if (parts.size() == 3) parts.insert(1, QString());
-    const auto bounds = parts.size() == 4 ? Numbers(parts[2] + u',' + parts[3], 2, u',') : std::nullopt;
+    const auto bounds = parts.size() == 4 ? NumberList(parts[2] + u',' + parts[3], 2, u',') : std::nullopt;
     if (!bounds) {
       err << "quillograph-cli plot: --integral wants F;MIN;MAX or F;G;MIN;MAX: " << text << '\n';
       continue;
@@ -157,7 +145,7 @@ void AddRows(plot2d::Plot& plot, const PlotOptions& o, QTextStream& err) {
   }
   for (const QString& text : o.Parametrics) {
     const QStringList parts = text.split(u';');
-    const auto bounds = parts.size() >= 4 ? Numbers(parts[2] + u',' + parts[3], 2, u',') : std::nullopt;
+    const auto bounds = parts.size() >= 4 ? NumberList(parts[2] + u',' + parts[3], 2, u',') : std::nullopt;
     if (!bounds) {
       err << "quillograph-cli plot: --parametric wants X;Y;MIN;MAX[;polar]: " << text << '\n';
       continue;
