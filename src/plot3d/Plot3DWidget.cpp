@@ -1,0 +1,102 @@
+#include "Plot3DWidget.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace plot3d {
+
+namespace {
+
+constexpr double kTurnPerPixel = 0.01;  // radians
+constexpr double kWheelStep = 1.15;     // the zoom's factor for one notch
+
+}  // namespace
+
+Plot3DWidget::Plot3DWidget(QWidget* parent) : QWidget(parent) { setAttribute(Qt::WA_OpaquePaintEvent); }
+
+// A surface still being computed is waited for: the worker holds no pointer to the widget, but
+// its result is delivered to it.
+Plot3DWidget::~Plot3DWidget() {
+  if (m_work.valid()) m_work.wait();
+}
+
+void Plot3DWidget::Prepare3D() {
+  m_plot.SetSize(size());
+  m_plot.Prepare3D();
+  update();
+}
+
+void Plot3DWidget::Redraw() {
+  if (m_work.valid()) m_work.wait();  // the earlier surface is replaced by this one
+  const std::uint64_t generation = ++m_generation;
+  Plot3D work = m_plot;
+  work.SetSize(size());
+  work.OnFinished = nullptr;
+  work.OnProgress = [this](int percent) {
+    QMetaObject::invokeMethod(this, [this, percent] { emit Progress(percent); }, Qt::QueuedConnection);
+  };
+  m_work = std::async(std::launch::async, [work = std::move(work), this, generation]() mutable {
+    work.Redraw();
+    QMetaObject::invokeMethod(this, [this, generation] { Computed(generation); }, Qt::QueuedConnection);
+    return std::move(work);
+  });
+}
+
+// The new surface replaces the scene's, seen as the user has turned it meanwhile.
+void Plot3DWidget::Computed(std::uint64_t generation) {
+  if (generation != m_generation || !m_work.valid()) return;
+  const Camera view = m_plot.View();
+  m_plot = m_work.get();
+  m_plot.OnProgress = nullptr;
+  m_plot.View() = view;
+  Refresh();
+  emit Finished();
+}
+
+void Plot3DWidget::Refresh() {
+  m_plot.SetSize(size());
+  m_plot.Refresh();
+  update();
+}
+
+void Plot3DWidget::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.fillRect(rect(), Qt::white);
+  painter.drawImage(QPoint(0, 0), m_plot.Picture());
+}
+
+void Plot3DWidget::resizeEvent(QResizeEvent*) { Refresh(); }
+
+void Plot3DWidget::mousePressEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return;
+  m_dragging = true;
+  m_lastPointer = event->position();
+}
+
+void Plot3DWidget::mouseMoveEvent(QMouseEvent* event) {
+  if (!m_dragging) return;
+  const QPointF moved = event->position() - m_lastPointer;
+  m_lastPointer = event->position();
+  Camera& view = m_plot.View();
+  view.Azimuth += moved.x() * kTurnPerPixel;
+  view.Elevation = std::clamp(view.Elevation + moved.y() * kTurnPerPixel, -std::numbers::pi / 2, std::numbers::pi / 2);
+  Refresh();
+}
+
+void Plot3DWidget::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) m_dragging = false;
+}
+
+void Plot3DWidget::wheelEvent(QWheelEvent* event) {
+  const double notches = event->angleDelta().y() / 120.0;
+  if (notches == 0) return;
+  m_plot.SetZoom(m_plot.Zoom() * std::pow(kWheelStep, notches));
+  Refresh();
+}
+
+}  // namespace plot3d

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "Plot3D.h"
+
+#include <QImage>
+#include <QPointF>
+#include <QWidget>
+
+#include <future>
+
+namespace plot3d {
+
+// The surface plot on the screen. Redraw computes the mesh on a worker thread and returns at once;
+// the last picture stays, and follows the turns and zooms, until the new surface is ready. A left
+// drag turns the box (across: about the vertical axis; up and down: the tilt), the wheel zooms.
+class Plot3DWidget : public QWidget {
+  Q_OBJECT
+
+public:
+  explicit Plot3DWidget(QWidget* parent = nullptr);
+  ~Plot3DWidget() override;
+
+  // The scene's settings; change them, then Redraw (a new surface) or Refresh (the same).
+  Plot3D& Scene() { return m_plot; }
+  const Plot3D& Scene() const { return m_plot; }
+
+  void Prepare3D();
+  void Redraw();
+  void Refresh();
+  bool Computing() const { return m_work.valid(); }
+
+signals:
+  void Progress(int percent);
+  void Finished();
+
+protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+
+private:
+  void Computed(std::uint64_t generation);
+
+  Plot3D m_plot;
+  std::future<Plot3D> m_work;
+  std::uint64_t m_generation = 0;
+  bool m_dragging = false;
+  QPointF m_lastPointer;
+};
+
+}  // namespace plot3d

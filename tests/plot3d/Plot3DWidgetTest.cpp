@@ -1,0 +1,113 @@
+#include "plot3d/Plot3DWidget.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QSignalSpy>
+#include <QTest>
+#include <QWheelEvent>
+
+using plot3d::Plot3DWidget;
+
+namespace {
+
+struct Shown {
+  Plot3DWidget widget;
+  explicit Shown(const char* equation = "sin(x)*cos(y)", int kind = 1) {
+    widget.resize(320, 240);
+    widget.Scene().SetEquation(equation);
+    widget.Scene().SetFunctionKind(kind);
+    widget.show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&widget));
+    widget.Prepare3D();
+  }
+  bool Drawn() {
+    QSignalSpy finished(&widget, &Plot3DWidget::Finished);
+    widget.Redraw();
+    return finished.wait(10000);
+  }
+};
+
+void Wheel(QWidget& widget, QPointF at, int delta) {
+  QWheelEvent event(at, widget.mapToGlobal(at), QPoint(), QPoint(0, delta), Qt::NoButton, Qt::NoModifier,
+                    Qt::NoScrollPhase, false);
+  QApplication::sendEvent(&widget, &event);
+}
+
+}  // namespace
+
+TEST(Plot3DWidget, RedrawComputesAwayAndThenShowsTheSurface) {
+  Shown s;
+  QSignalSpy progress(&s.widget, &Plot3DWidget::Progress);
+  ASSERT_TRUE(s.Drawn());
+  EXPECT_FALSE(s.widget.Scene().Surface().Empty());
+  EXPECT_EQ(s.widget.Scene().Picture().size(), QSize(320, 240));
+  ASSERT_FALSE(progress.isEmpty());
+  EXPECT_EQ(progress.last().at(0).toInt(), 100);
+  EXPECT_FALSE(s.widget.Computing());
+}
+
+TEST(Plot3DWidget, ALargeSurfaceDoesNotHoldUpTheWindow) {
+  Shown s("(x^2+9/4*y^2+z^2-1)^3-x^2*z^3-9/80*y^2*z^3=0", 4);
+  s.widget.Scene().SetGridCount(6);  // the finest implicit grid
+  QSignalSpy finished(&s.widget, &Plot3DWidget::Finished);
+  s.widget.Redraw();
+  EXPECT_EQ(finished.count(), 0);  // Redraw came back before the surface was ready
+  EXPECT_TRUE(s.widget.Computing());
+  ASSERT_TRUE(finished.wait(20000));
+  EXPECT_FALSE(s.widget.Scene().Surface().Empty());
+}
+
+TEST(Plot3DWidget, ADragTurnsTheBox) {
+  Shown s;
+  ASSERT_TRUE(s.Drawn());
+  const double azimuth = s.widget.Scene().View().Azimuth, elevation = s.widget.Scene().View().Elevation;
+  const QImage before = s.widget.Scene().Picture();
+  QTest::mousePress(&s.widget, Qt::LeftButton, Qt::NoModifier, QPoint(100, 100));
+  QTest::mouseMove(&s.widget, QPoint(150, 80));
+  QTest::mouseRelease(&s.widget, Qt::LeftButton, Qt::NoModifier, QPoint(150, 80));
+  EXPECT_NEAR(s.widget.Scene().View().Azimuth, azimuth + 0.5, 1e-12);
+  EXPECT_NEAR(s.widget.Scene().View().Elevation, elevation - 0.2, 1e-12);
+  EXPECT_NE(s.widget.Scene().Picture(), before);
+  // The tilt stops at straight down.
+  QTest::mousePress(&s.widget, Qt::LeftButton, Qt::NoModifier, QPoint(100, 10));
+  QTest::mouseMove(&s.widget, QPoint(100, 230));
+  QTest::mouseMove(&s.widget, QPoint(100, 231));
+  QTest::mouseRelease(&s.widget, Qt::LeftButton, Qt::NoModifier, QPoint(100, 231));
+  EXPECT_NEAR(s.widget.Scene().View().Elevation, std::numbers::pi / 2, 1e-12);
+}
+
+TEST(Plot3DWidget, TheWheelZoomsWithinItsBounds) {
+  Shown s;
+  Wheel(s.widget, QPointF(160, 120), 120);
+  EXPECT_NEAR(s.widget.Scene().Zoom(), 1.15, 1e-12);
+  for (int i = 0; i < 20; ++i) Wheel(s.widget, QPointF(160, 120), 120);
+  EXPECT_EQ(s.widget.Scene().Zoom(), 3);
+  for (int i = 0; i < 40; ++i) Wheel(s.widget, QPointF(160, 120), -120);
+  EXPECT_EQ(s.widget.Scene().Zoom(), 0.25);
+}
+
+TEST(Plot3DWidget, ATurnDuringTheComputationIsKept) {
+  Shown s("x^2+y^2+z^2=9", 4);
+  s.widget.Scene().SetGridCount(6);
+  QSignalSpy finished(&s.widget, &Plot3DWidget::Finished);
+  s.widget.Redraw();
+  s.widget.Scene().View().Azimuth = 1.25;
+  ASSERT_TRUE(finished.wait(20000));
+  EXPECT_EQ(s.widget.Scene().View().Azimuth, 1.25);
+}
+
+TEST(Plot3DWidget, AResizeRendersAtTheNewSize) {
+  Shown s;
+  ASSERT_TRUE(s.Drawn());
+  s.widget.resize(200, 150);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(s.widget.Scene().Picture().size(), QSize(200, 150));
+}
+
+int main(int argc, char** argv) {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  ::testing::InitGoogleTest(&argc, argv);
+  return RUN_ALL_TESTS();
+}
