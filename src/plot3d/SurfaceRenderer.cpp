@@ -1,5 +1,7 @@
 #include "SurfaceRenderer.h"
 
+#include "plot2d/AxisTicks.h"
+
 #include <QPainter>
 
 #include <algorithm>
@@ -90,6 +92,62 @@ void SurfaceRenderer::DrawBox(const SurfaceRanges& box, const Camera& camera, QI
       painter.drawLine(at(i, 0, j), at(i, 1, j));
       painter.drawLine(at(i, j, 0), at(i, j, 1));
     }
+  }
+  DrawNumbers(painter, box, camera, image.size());
+}
+
+// For x and y, of the two edges along them on the floor of the box the one whose middle is
+// nearest the viewer; for z, of the four upright edges the one farthest left on the picture, numbered at 1-2-5 steps with its name at the end; the
+// numbers stand off the edge, away from the box's centre.
+void SurfaceRenderer::DrawNumbers(QPainter& painter, const SurfaceRanges& box, const Camera& camera, QSize size) const {
+  const double lows[] = {box.XMin, box.YMin, box.ZMin}, highs[] = {box.XMax, box.YMax, box.ZMax};
+  const Camera::Projected centre = camera.Project(
+      {(box.XMin + box.XMax) / 2, (box.YMin + box.YMax) / 2, (box.ZMin + box.ZMax) / 2}, box, size);
+  QFont font = painter.font();
+  font.setPixelSize(std::clamp(std::min(size.width(), size.height()) / 40, 8, 14));
+  painter.setFont(font);
+  painter.setPen(QColor(60, 60, 60));
+  const char* names[] = {"x", "y", "z"};
+  for (int axis = 0; axis < 3; ++axis) {
+    const int u = (axis + 1) % 3, v = (axis + 2) % 3;  // the other two axes fix the edge
+    const auto point = [&](double along, double a, double b) {
+      double c[3];
+      c[axis] = along, c[u] = a, c[v] = b;
+      return camera.Project({c[0], c[1], c[2]}, box, size);
+    };
+    double bestA = lows[u], bestB = lows[v], best = -INFINITY;
+    for (const double a : {lows[u], highs[u]}) {
+      for (const double b : {lows[v], highs[v]}) {
+        // x and y are numbered on the floor of the box, z on an upright edge.
+        if ((u == 2 && a != lows[u]) || (v == 2 && b != lows[v])) continue;
+        const Camera::Projected middle = point((lows[axis] + highs[axis]) / 2, a, b);
+        const double score = axis == 2 ? -middle.X : middle.Depth;
+        if (score > best) best = score, bestA = a, bestB = b;
+      }
+    }
+    const double range = highs[axis] - lows[axis];
+    if (!(range > 0) || !std::isfinite(range)) continue;
+    const Camera::Projected from = point(lows[axis], bestA, bestB), to = point(highs[axis], bestA, bestB);
+    const double pixels = std::hypot(to.X - from.X, to.Y - from.Y);
+    const double step = plot2d::AxisTicks::StepFor(range, std::max(pixels, 1.0), 45);
+    const QFontMetricsF metrics(font);
+    const auto label = [&](const Camera::Projected& at, const QString& text) {
+      // Off the edge, away from the centre of the box, by about a line's height.
+      QPointF away(at.X - centre.X, at.Y - centre.Y);
+      const double length = std::hypot(away.x(), away.y());
+      away = length > 0 ? away / length * (metrics.height() * 0.9) : QPointF(0, metrics.height());
+      const QRectF rect = metrics.boundingRect(text);
+      painter.drawText(QPointF(at.X + away.x() - rect.width() / 2, at.Y + away.y() + metrics.ascent() / 2), text);
+    };
+    for (const double value : plot2d::AxisTicks::Values(lows[axis], highs[axis], step)) {
+      label(point(value, bestA, bestB), plot2d::AxisTicks::Label(value, step));
+    }
+    const Camera::Projected end = point(highs[axis] + range * 0.08, bestA, bestB);
+    QFont bold = font;
+    bold.setBold(true);
+    painter.setFont(bold);
+    label(end, QString::fromLatin1(names[axis]));
+    painter.setFont(font);
   }
 }
 

@@ -6,6 +6,7 @@
 
 #include <QColor>
 #include <QImage>
+#include <QPainter>
 
 #include <vector>
 
@@ -13,7 +14,8 @@ namespace plot3d {
 
 // Draws a mesh into a picture in software: a z-buffer rasteriser that shades each triangle
 // smoothly from its corners, coloured by height (blue lowest to red highest) and lit by a light over
-// the viewer's shoulder, both sides of the surface alike. Then the edges of the box.
+// the viewer's shoulder, both sides of the surface alike. Then the edges of the box, with the
+// numbers of each axis along the edge nearest the viewer.
 class SurfaceRenderer {
 public:
   struct Options {
@@ -38,6 +40,7 @@ private:
   void Shade(const Mesh& mesh, const SurfaceRanges& box, const Camera& camera, QSize size);
   void Fill(const ScreenVertex& a, const ScreenVertex& b, const ScreenVertex& c, QImage& image);
   void DrawBox(const SurfaceRanges& box, const Camera& camera, QImage& image) const;
+  void DrawNumbers(QPainter& painter, const SurfaceRanges& box, const Camera& camera, QSize size) const;
   void DrawMeshLines(const Mesh& mesh, QImage& image) const;
 
   std::vector<ScreenVertex> m_vertices;  // kept between pictures, as the depths are
