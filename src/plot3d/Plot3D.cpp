@@ -28,7 +28,11 @@ void Plot3D::Redraw() {
   if (!source.Ok()) {
     m_mesh.Clear();
   } else if (source.Kind == SurfaceKind::Implicit) {
-    MeshImplicit(source, m_ranges, ImplicitCells(), m_mesh);
+    // The mesh's share of the work is most of it: its progress is reported as 0 to 90.
+    const std::function<void(int)> meshed = [this](int percent) {
+      if (OnProgress) OnProgress(percent * 9 / 10);
+    };
+    MeshImplicit(source, m_ranges, ImplicitCells(), m_mesh, meshed);
   } else {
     MeshOnGrid(source, m_ranges, GridSteps(m_gridCount), m_mesh);
   }

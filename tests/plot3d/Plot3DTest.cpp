@@ -106,3 +106,16 @@ TEST(Plot3D, SavePictureWritesTheKindsFormat) {
     EXPECT_EQ(e.Number(), 75);
   }
 }
+
+TEST(Plot3D, AnImplicitSurfaceReportsProgressAsItGoes) {
+  Plot3D plot;
+  plot.SetSize(QSize(80, 60));
+  plot.SetEquation("x^2+y^2+z^2=9");
+  plot.SetFunctionKind(4);
+  std::vector<int> steps;
+  plot.OnProgress = [&](int percent) { steps.push_back(percent); };
+  plot.Redraw();
+  EXPECT_GT(steps.size(), 10u);
+  EXPECT_TRUE(std::is_sorted(steps.begin(), steps.end()));
+  EXPECT_EQ(steps.back(), 100);
+}
