@@ -18,6 +18,7 @@ struct SurfaceOptions {
   std::optional<std::vector<double>> Box, Theta, Phi, U, V;
   std::int32_t Grid = 1;
   double Zoom = 1;
+  bool MeshLines = false;
   QSize Size{800, 600};
   QString Output;
 };
@@ -31,6 +32,10 @@ std::optional<SurfaceOptions> Parse(const QStringList& arguments, QTextStream& e
   };
   for (qsizetype i = 0; i < arguments.size(); ++i) {
     const QString& a = arguments[i];
+    if (a == u"--mesh-lines") {
+      o.MeshLines = true;
+      continue;
+    }
     if (!a.startsWith(u"--")) {
       if (!o.Output.isEmpty()) return fail(QStringLiteral("unexpected \"%1\"").arg(a));
       o.Output = a;
@@ -83,6 +88,7 @@ void Apply(const SurfaceOptions& o, plot3d::Plot3D& plot) {
   plot.SetEquation(o.Equation);
   plot.SetGridCount(o.Grid);
   plot.SetZoom(o.Zoom);
+  plot.SetShowMeshLines(o.MeshLines);
   plot.SetSize(o.Size);
   if (o.Box) {
     const std::vector<double>& b = *o.Box;
@@ -109,6 +115,7 @@ QString SurfaceHelp() {
       "                      --u A,B --v A,B          ranges of kind 6 (-5,5)\n"
       "                      --grid 1..6          50, 75, 100, 125, 150 or 200 steps a side (1)\n"
       "                      --zoom Z             0.25 to 3 (1)\n"
+      "                      --mesh-lines         the mesh's edges over the surface\n"
       "                      --size WxH           picture size (800x600)\n");
 }
 

@@ -44,7 +44,9 @@ void Plot3D::Redraw() {
 
 void Plot3D::Refresh() {
   if (m_picture.size() != m_size) m_picture = QImage(m_size, QImage::Format_RGB32);
-  m_renderer.Render(m_mesh, m_ranges, m_camera, m_picture);
+  SurfaceRenderer::Options options;
+  options.MeshLines = m_meshLines;
+  m_renderer.Render(m_mesh, m_ranges, m_camera, m_picture, options);
 }
 
 void Plot3D::SavePicture(const QString& name, std::int32_t kind) {

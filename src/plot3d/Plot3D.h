@@ -31,6 +31,9 @@ public:
   // 0.25 to 3; values outside are brought inside.
   double Zoom() const { return m_camera.Zoom; }
   void SetZoom(double zoom);
+  // The edges of the mesh drawn over the shaded surface.
+  bool ShowMeshLines() const { return m_meshLines; }
+  void SetShowMeshLines(bool on) { m_meshLines = on; }
 
   double XMin() const { return m_ranges.XMin; }
   double XMax() const { return m_ranges.XMax; }
@@ -96,6 +99,7 @@ private:
   QImage m_picture;
   QString m_problem;
   bool m_prepared = false;
+  bool m_meshLines = false;
 };
 
 }  // namespace plot3d

@@ -151,12 +151,29 @@ void SurfaceRenderer::DrawNumbers(QPainter& painter, const SurfaceRanges& box, c
   }
 }
 
+// The edges of the mesh, darkening the surface where they are not hidden: each edge is stepped
+// pixel by pixel with its depth, and shows where it is no farther than the surface drawn there
+// (give or take a little, so that an edge on the surface is not hidden by the surface itself).
 void SurfaceRenderer::DrawMeshLines(const Mesh& mesh, QImage& image) const {
-  QPainter painter(&image);
-  painter.setPen(QPen(QColor(0, 0, 0, 60), 0));
+  constexpr float kBias = 0.01f;
+  const int width = image.width(), height = image.height();
+  const auto edge = [&](const ScreenVertex& a, const ScreenVertex& b) {
+    const float dx = b.X - a.X, dy = b.Y - a.Y;
+    const int steps = static_cast<int>(std::ceil(std::max(std::abs(dx), std::abs(dy))));
+    if (steps <= 0 || steps > 4 * (width + height)) return;
+    for (int i = 0; i <= steps; ++i) {
+      const float t = static_cast<float>(i) / static_cast<float>(steps);
+      const int x = static_cast<int>(a.X + t * dx), y = static_cast<int>(a.Y + t * dy);
+      if (x < 0 || y < 0 || x >= width || y >= height) continue;
+      const std::size_t at = static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x);
+      if (a.Depth + t * (b.Depth - a.Depth) < m_depth[at] - kBias) continue;
+      QRgb& pixel = reinterpret_cast<QRgb*>(image.scanLine(y))[x];
+      pixel = qRgb(qRed(pixel) * 3 / 4, qGreen(pixel) * 3 / 4, qBlue(pixel) * 3 / 4);
+    }
+  };
   for (const auto& t : mesh.Triangles) {
-    const ScreenVertex &a = m_vertices[t[0]], &b = m_vertices[t[1]];
-    painter.drawLine(QPointF(a.X, a.Y), QPointF(b.X, b.Y));
+    edge(m_vertices[t[0]], m_vertices[t[1]]);
+    edge(m_vertices[t[1]], m_vertices[t[2]]);
   }
 }
 

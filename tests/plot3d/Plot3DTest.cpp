@@ -119,3 +119,18 @@ TEST(Plot3D, AnImplicitSurfaceReportsProgressAsItGoes) {
   EXPECT_TRUE(std::is_sorted(steps.begin(), steps.end()));
   EXPECT_EQ(steps.back(), 100);
 }
+
+TEST(Plot3D, MeshLinesDarkenTheSurface) {
+  Plot3D plot = Drawn("x*y/5", 1);
+  const auto darkness = [](const QImage& image) {
+    long sum = 0;
+    for (int y = 0; y < image.height(); ++y) {
+      for (int x = 0; x < image.width(); ++x) sum += 255 - QColor(image.pixel(x, y)).value();
+    }
+    return sum;
+  };
+  const long plain = darkness(plot.Picture());
+  plot.SetShowMeshLines(true);
+  plot.Refresh();
+  EXPECT_GT(darkness(plot.Picture()), plain + 1000);
+}
