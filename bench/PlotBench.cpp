@@ -6,7 +6,7 @@
 #include "plot2d/BlockProgram.h"
 #include "plot2d/LineParser.h"
 #include "plot2d/Plot.h"
-#include "plot2d/SpecialPoints.h"
+#include "plot2d/NotablePoints.h"
 
 #include <benchmark/benchmark.h>
 #include <muParser.h>
@@ -128,15 +128,15 @@ void BM_Scene_PaintOnly(benchmark::State& state) {
 }
 // What a tip costs when the pointer reaches a curve of the heavy scene: its special points, for
 // an explicit (0), an implicit (100) and a polar curve (111).
-void BM_Scene_SpecialPoints(benchmark::State& state) {
+void BM_Scene_NotablePoints(benchmark::State& state) {
   plot2d::Plot plot;
   plot.SetSize(QSize(1920, 1080));
   FillHeavyScene(plot);
   plot.Redraw();
   const std::size_t curve = static_cast<std::size_t>(state.range(0));
-  for (auto _ : state) benchmark::DoNotOptimize(plot2d::FindSpecialPoints(plot.LastDrawing(), curve, plot.View()));
+  for (auto _ : state) benchmark::DoNotOptimize(plot2d::FindNotablePoints(plot.LastDrawing(), curve, plot.View()));
 }
-BENCHMARK(BM_Scene_SpecialPoints)->Arg(0)->Arg(100)->Arg(111)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_Scene_NotablePoints)->Arg(0)->Arg(100)->Arg(111)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 BENCHMARK(BM_Scene_SampleOnly)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(BM_Scene_PaintOnly)->Unit(benchmark::kMillisecond)->UseRealTime();

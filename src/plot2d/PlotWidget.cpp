@@ -26,13 +26,13 @@ constexpr double kDotReach = 6;      // and a special point's tip within this ma
 constexpr double kDotRadius = 3.5;
 constexpr double kClickSlop = 3;     // a press that moves less than this is a click, not a pan
 
-const char* NameOf(SpecialPoint::Kind kind) {
+const char* NameOf(NotablePoint::Kind kind) {
   switch (kind) {
-    case SpecialPoint::Kind::Root: return "Root";
-    case SpecialPoint::Kind::Maximum: return "Maximum";
-    case SpecialPoint::Kind::Minimum: return "Minimum";
-    case SpecialPoint::Kind::YIntercept: return "y-Intercept";
-    case SpecialPoint::Kind::Intersection: return "Intersection";
+    case NotablePoint::Kind::Root: return "Root";
+    case NotablePoint::Kind::Maximum: return "Maximum";
+    case NotablePoint::Kind::Minimum: return "Minimum";
+    case NotablePoint::Kind::YIntercept: return "y-Intercept";
+    case NotablePoint::Kind::Intersection: return "Intersection";
   }
   return "";
 }
@@ -112,7 +112,7 @@ void PlotWidget::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::SmoothPixmapTransform, m_dragging || m_wheelEnd.isActive());
     painter.drawImage(target, m_picture);
   }
-  PaintSpecialPoints(painter);
+  PaintNotablePoints(painter);
   painter.end();
   if (m_readyPending) {
     m_readyPending = false;
@@ -189,7 +189,7 @@ void PlotWidget::mouseReleaseEvent(QMouseEvent* event) {
   if (m_dragging) {
     m_dragging = false;
     EndGesture();
-  } else if (const SpecialPoint* point = SpecialPointAt(event->position())) {
+  } else if (const NotablePoint* point = NotablePointAt(event->position())) {
     const QString text = PointText(point->At);
     CopyText(text);
     ShowLabel(m_tip, QStringLiteral("Copied %1").arg(text), event->position());
@@ -256,10 +256,10 @@ QPointF PlotWidget::ToWidget(QPointF at) const {
           (m_plot.YMax() - at.y()) / (m_plot.YMax() - m_plot.YMin()) * height()};
 }
 
-const SpecialPoint* PlotWidget::SpecialPointAt(QPointF pixel) const {
-  const SpecialPoint* nearest = nullptr;
+const NotablePoint* PlotWidget::NotablePointAt(QPointF pixel) const {
+  const NotablePoint* nearest = nullptr;
   double best = kDotReach;
-  for (const SpecialPoint& point : m_special) {
+  for (const NotablePoint& point : m_special) {
     const double distance = QLineF(ToWidget(point.At), pixel).length();
     if (distance <= best) best = distance, nearest = &point;
   }
@@ -275,10 +275,10 @@ void PlotWidget::ShowTip(QPointF pixel) {
   const auto [curve, nearest] = NearestCurvePoint(drawing, m_plot.View(), pixel * ratio, kCurveReach * ratio);
   if (curve >= 0 && curve != m_tipCurve) {
     m_tipCurve = curve;
-    m_special = FindSpecialPoints(drawing, static_cast<std::size_t>(curve), m_plot.View());
+    m_special = FindNotablePoints(drawing, static_cast<std::size_t>(curve), m_plot.View());
     update();
   }
-  if (const SpecialPoint* point = SpecialPointAt(pixel)) {
+  if (const NotablePoint* point = NotablePointAt(pixel)) {
     return ShowLabel(m_tip, QStringLiteral("%1 %2").arg(QLatin1String(NameOf(point->What)), Short(point->At, Span())), pixel);
   }
   if (curve < 0) return HideTip();
@@ -295,12 +295,12 @@ void PlotWidget::HideTip() {
   update();
 }
 
-void PlotWidget::PaintSpecialPoints(QPainter& painter) const {
+void PlotWidget::PaintNotablePoints(QPainter& painter) const {
   if (m_special.empty()) return;
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(QPen(Qt::white, 1));
   painter.setBrush(QColor(128, 128, 128));
-  for (const SpecialPoint& point : m_special) painter.drawEllipse(ToWidget(point.At), kDotRadius, kDotRadius);
+  for (const NotablePoint& point : m_special) painter.drawEllipse(ToWidget(point.At), kDotRadius, kDotRadius);
 }
 
 void PlotWidget::leaveEvent(QEvent*) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Plot.h"
-#include "SpecialPoints.h"
+#include "NotablePoints.h"
 
 #include <QElapsedTimer>
 #include <QImage>
@@ -49,7 +49,7 @@ public:
   // Puts a copied point's text on the clipboard unless replaced, as tests do.
   std::function<void(const QString&)> CopyText;
   // The special points shown as dots for the curve under the pointer, none when no tip shows.
-  const std::vector<SpecialPoint>& ShownSpecialPoints() const { return m_special; }
+  const std::vector<NotablePoint>& ShownNotablePoints() const { return m_special; }
 
 signals:
   // A pan or zoom gesture ended; button is 1 for the left button and for the wheel.
@@ -83,8 +83,8 @@ private:
   bool PictureIsCurrent() const;
   QPointF ToWidget(QPointF data) const;
   QSizeF Span() const;
-  const SpecialPoint* SpecialPointAt(QPointF pixel) const;
-  void PaintSpecialPoints(QPainter& painter) const;
+  const NotablePoint* NotablePointAt(QPointF pixel) const;
+  void PaintNotablePoints(QPainter& painter) const;
   void BuildMenu();
   void Changed(const QString& setting);
 
@@ -100,7 +100,7 @@ private:
   QLabel* m_coordinate;
   QLabel* m_tip;
   int m_tipCurve = -1;                  // the curve of the last drawing under the pointer
-  std::vector<SpecialPoint> m_special;  // its special points
+  std::vector<NotablePoint> m_special;  // its special points
   QMenu* m_menu;
   bool m_readyPending = false;
 };

@@ -196,18 +196,18 @@ QLabel* Tip(PlotWidget& widget) { return widget.findChild<QLabel*>("tip"); }
 
 }  // namespace
 
-TEST(PlotWidget, NearACurveATipShowsItsRowAndPointAndItsSpecialPoints) {
+TEST(PlotWidget, NearACurveATipShowsItsRowAndPointAndItsNotablePoints) {
   Shown s;
   s.Scene().SetShowTips(true);
   QTest::mouseMove(&s.widget, PixelOf(5, 5));  // far from sin(x)
   EXPECT_FALSE(Tip(s.widget)->isVisible());
-  EXPECT_TRUE(s.widget.ShownSpecialPoints().empty());
+  EXPECT_TRUE(s.widget.ShownNotablePoints().empty());
   QTest::mouseMove(&s.widget, PixelOf(1, std::sin(1.0)) + QPoint(0, 3));
   ASSERT_TRUE(Tip(s.widget)->isVisible());
   EXPECT_TRUE(Tip(s.widget)->text().startsWith("Row 1: (")) << Tip(s.widget)->text().toStdString();
   // Roots at 0, ±pi, ±2pi, ±3pi; three maxima, three minima; and the y-intercept (0, 0).
-  const auto& shown = s.widget.ShownSpecialPoints();
-  EXPECT_EQ(std::count_if(shown.begin(), shown.end(), [](auto& p) { return p.What == plot2d::SpecialPoint::Kind::Root; }), 7);
+  const auto& shown = s.widget.ShownNotablePoints();
+  EXPECT_EQ(std::count_if(shown.begin(), shown.end(), [](auto& p) { return p.What == plot2d::NotablePoint::Kind::Root; }), 7);
   EXPECT_EQ(shown.size(), 14u);
   // On a dot the tip names it.
   QTest::mouseMove(&s.widget, PixelOf(std::numbers::pi / 2, 1));
@@ -217,10 +217,10 @@ TEST(PlotWidget, NearACurveATipShowsItsRowAndPointAndItsSpecialPoints) {
   EXPECT_TRUE(Tip(s.widget)->text().endsWith(" (0, 0)")) << Tip(s.widget)->text().toStdString();
   QTest::mouseMove(&s.widget, PixelOf(5, 5));
   EXPECT_FALSE(Tip(s.widget)->isVisible());
-  EXPECT_TRUE(s.widget.ShownSpecialPoints().empty());
+  EXPECT_TRUE(s.widget.ShownNotablePoints().empty());
 }
 
-TEST(PlotWidget, AClickOnASpecialPointCopiesItAtFullPrecision) {
+TEST(PlotWidget, AClickOnANotablePointCopiesItAtFullPrecision) {
   Shown s;
   s.Scene().SetShowTips(true);
   s.Scene().SetInteractive(false);  // tips work on a locked plot too
@@ -253,7 +253,7 @@ TEST(PlotWidget, WithoutShowTipsNoTipOrDots) {
   s.Scene().SetShowTips(false);
   QTest::mouseMove(&s.widget, PixelOf(1, std::sin(1.0)));
   EXPECT_FALSE(Tip(s.widget)->isVisible());
-  EXPECT_TRUE(s.widget.ShownSpecialPoints().empty());
+  EXPECT_TRUE(s.widget.ShownNotablePoints().empty());
 }
 
 int main(int argc, char** argv) {

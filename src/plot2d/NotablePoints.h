@@ -10,7 +10,7 @@
 
 namespace plot2d {
 
-struct SpecialPoint {
+struct NotablePoint {
   enum class Kind : std::uint8_t { Root, Maximum, Minimum, YIntercept, Intersection };
   QPointF At;
   Kind What = Kind::Root;
@@ -22,7 +22,7 @@ struct SpecialPoint {
 // with a function that is zero on them (x = f(y), implicit); on the parameter for polar and
 // parametric curves. Points where two curves touch, and crossings of two polar or parametric
 // curves, keep the precision of the picture.
-std::vector<SpecialPoint> FindSpecialPoints(const Drawing& drawing, std::size_t curve, const ViewTransform& view);
+std::vector<NotablePoint> FindNotablePoints(const Drawing& drawing, std::size_t curve, const ViewTransform& view);
 
 // "(x, y)" at full precision, as a click on a special point copies it.
 QString PointText(QPointF at);

@@ -1,5 +1,5 @@
 #include "plot2d/Plot.h"
-#include "plot2d/SpecialPoints.h"
+#include "plot2d/NotablePoints.h"
 
 #include <gtest/gtest.h>
 
@@ -7,8 +7,8 @@
 #include <numbers>
 
 using plot2d::Plot;
-using plot2d::SpecialPoint;
-using Kind = plot2d::SpecialPoint::Kind;
+using plot2d::NotablePoint;
+using Kind = plot2d::NotablePoint::Kind;
 
 namespace {
 
@@ -25,22 +25,22 @@ Plot Drawn(std::initializer_list<const char*> lines, double range = 10) {
   return plot;
 }
 
-std::vector<QPointF> Of(const std::vector<SpecialPoint>& points, Kind kind) {
+std::vector<QPointF> Of(const std::vector<NotablePoint>& points, Kind kind) {
   std::vector<QPointF> out;
-  for (const SpecialPoint& p : points) {
+  for (const NotablePoint& p : points) {
     if (p.What == kind) out.push_back(p.At);
   }
   std::sort(out.begin(), out.end(), [](QPointF a, QPointF b) { return a.x() < b.x(); });
   return out;
 }
 
-std::vector<SpecialPoint> Found(const Plot& plot, std::size_t curve = 0) {
-  return plot2d::FindSpecialPoints(plot.LastDrawing(), curve, plot.View());
+std::vector<NotablePoint> Found(const Plot& plot, std::size_t curve = 0) {
+  return plot2d::FindNotablePoints(plot.LastDrawing(), curve, plot.View());
 }
 
 }  // namespace
 
-TEST(SpecialPoints, RootsOfAnExplicitCurveAreExact) {
+TEST(NotablePoints, RootsOfAnExplicitCurveAreExact) {
   const Plot plot = Drawn({"y=x^2-2"});
   const auto roots = Of(Found(plot), Kind::Root);
   ASSERT_EQ(roots.size(), 2u);
@@ -49,7 +49,7 @@ TEST(SpecialPoints, RootsOfAnExplicitCurveAreExact) {
   EXPECT_EQ(roots[0].y(), 0);
 }
 
-TEST(SpecialPoints, ExtremaAreMaximaAndMinimaRefinedOnTheFunction) {
+TEST(NotablePoints, ExtremaAreMaximaAndMinimaRefinedOnTheFunction) {
   const Plot plot = Drawn({"y=sin(x)"});
   const auto points = Found(plot);
   const auto maxima = Of(points, Kind::Maximum), minima = Of(points, Kind::Minimum);
@@ -61,7 +61,7 @@ TEST(SpecialPoints, ExtremaAreMaximaAndMinimaRefinedOnTheFunction) {
   EXPECT_EQ(Of(points, Kind::Root).size(), 7u);  // 0, ±pi, ±2pi, ±3pi
 }
 
-TEST(SpecialPoints, TheYInterceptIsTheValueAtZero) {
+TEST(NotablePoints, TheYInterceptIsTheValueAtZero) {
   const Plot plot = Drawn({"y=exp(x)"});
   const auto at = Of(Found(plot), Kind::YIntercept);
   ASSERT_EQ(at.size(), 1u);
@@ -69,7 +69,7 @@ TEST(SpecialPoints, TheYInterceptIsTheValueAtZero) {
   EXPECT_TRUE(Of(Found(plot), Kind::Root).empty());
 }
 
-TEST(SpecialPoints, IntersectionsOfTwoCurvesAreFoundFromEither) {
+TEST(NotablePoints, IntersectionsOfTwoCurvesAreFoundFromEither) {
   const Plot plot = Drawn({"y=x^2", "y=x+2"});
   for (std::size_t curve : {0u, 1u}) {
     const auto at = Of(Found(plot, curve), Kind::Intersection);
@@ -81,7 +81,7 @@ TEST(SpecialPoints, IntersectionsOfTwoCurvesAreFoundFromEither) {
   }
 }
 
-TEST(SpecialPoints, ALevelLineMeetsACurve) {
+TEST(NotablePoints, ALevelLineMeetsACurve) {
   const Plot plot = Drawn({"y=2", "y=x"});
   const auto at = Of(Found(plot, 0), Kind::Intersection);
   ASSERT_EQ(at.size(), 1u);
@@ -89,7 +89,7 @@ TEST(SpecialPoints, ALevelLineMeetsACurve) {
   EXPECT_TRUE(Of(Found(plot, 0), Kind::Maximum).empty());
 }
 
-TEST(SpecialPoints, ALineCrossingManyLevelLinesMeetsEachOnce) {
+TEST(NotablePoints, ALineCrossingManyLevelLinesMeetsEachOnce) {
   Plot plot;
   plot.SetSize(QSize(600, 600));
   std::int16_t row = 0;
@@ -105,7 +105,7 @@ TEST(SpecialPoints, ALineCrossingManyLevelLinesMeetsEachOnce) {
   for (int k = -9; k <= 9; ++k) EXPECT_NEAR(at[static_cast<std::size_t>(k + 9)].x(), k, 1e-12);
 }
 
-TEST(SpecialPoints, PolarAndParametricCurvesMeetALine) {
+TEST(NotablePoints, PolarAndParametricCurvesMeetALine) {
   Plot plot;
   plot.SetSize(QSize(600, 600));
   std::int32_t kind = 0;
@@ -124,7 +124,7 @@ TEST(SpecialPoints, PolarAndParametricCurvesMeetALine) {
   }
 }
 
-TEST(SpecialPoints, ParametricAndPolarPointsAreRefinedOnTheParameter) {
+TEST(NotablePoints, ParametricAndPolarPointsAreRefinedOnTheParameter) {
   Plot plot;
   plot.SetSize(QSize(600, 600));
   plot.AddParametric("3*cos(t)", "3*sin(t)-1", 0, 2 * std::numbers::pi, 1, 0);
@@ -157,7 +157,7 @@ TEST(SpecialPoints, ParametricAndPolarPointsAreRefinedOnTheParameter) {
   for (const QPointF p : Of(limacon, Kind::YIntercept)) EXPECT_NEAR(std::abs(p.y()), 2, 1e-12);
 }
 
-TEST(SpecialPoints, AnImplicitCurvesRootsAndInterceptsAreRefined) {
+TEST(NotablePoints, AnImplicitCurvesRootsAndInterceptsAreRefined) {
   const Plot plot = Drawn({"x^2+y^2=16"});
   const auto points = Found(plot);
   const auto roots = Of(points, Kind::Root);
@@ -171,7 +171,7 @@ TEST(SpecialPoints, AnImplicitCurvesRootsAndInterceptsAreRefined) {
   EXPECT_NEAR(at[1].y(), 4, 1e-12);
 }
 
-TEST(SpecialPoints, AnImplicitCurvesExtremaAreRefined) {
+TEST(NotablePoints, AnImplicitCurvesExtremaAreRefined) {
   const Plot plot = Drawn({"x^2/16+(y-1)^2/4=1"});  // an ellipse: top (0, 3), bottom (0, -1)
   const auto points = Found(plot);
   const auto maxima = Of(points, Kind::Maximum), minima = Of(points, Kind::Minimum);
@@ -182,7 +182,7 @@ TEST(SpecialPoints, AnImplicitCurvesExtremaAreRefined) {
   EXPECT_NEAR(minima[0].y(), -1, 1e-12);
 }
 
-TEST(SpecialPoints, AnXOfYCurvesPointsAreRefined) {
+TEST(NotablePoints, AnXOfYCurvesPointsAreRefined) {
   const Plot plot = Drawn({"x=y^2-3"});
   const auto points = Found(plot);
   const auto roots = Of(points, Kind::Root);
@@ -195,7 +195,7 @@ TEST(SpecialPoints, AnXOfYCurvesPointsAreRefined) {
   EXPECT_NEAR(at[1].y(), std::sqrt(3.0), 1e-12);
 }
 
-TEST(SpecialPoints, CrossingsWithAnImplicitCurveAreRefinedByNewton) {
+TEST(NotablePoints, CrossingsWithAnImplicitCurveAreRefinedByNewton) {
   const Plot plot = Drawn({"x^2+y^2=25", "y=x/2", "x=y^2-5"});
   const auto withLine = Of(Found(plot, 1), Kind::Intersection);
   // The line meets the circle at ±(2√5, √5) and the parabola where y^2 - 2y - 5 = 0.
@@ -224,23 +224,23 @@ TEST(SpecialPoints, CrossingsWithAnImplicitCurveAreRefinedByNewton) {
   EXPECT_EQ(crossings, 2);
 }
 
-TEST(SpecialPoints, PointsOutsideTheViewAreLeftOut) {
+TEST(NotablePoints, PointsOutsideTheViewAreLeftOut) {
   const Plot plot = Drawn({"y=x^2-400"});  // roots at ±20, minimum far below
   EXPECT_TRUE(Found(plot).empty());
 }
 
-TEST(SpecialPoints, NoCurveOrAnUnknownIndexGivesNothing) {
+TEST(NotablePoints, NoCurveOrAnUnknownIndexGivesNothing) {
   const Plot plot = Drawn({});
   EXPECT_TRUE(Found(plot, 0).empty());
   EXPECT_TRUE(Found(Drawn({"y=x"}), 5).empty());
 }
 
-TEST(SpecialPoints, PointTextIsFullPrecision) {
+TEST(NotablePoints, PointTextIsFullPrecision) {
   EXPECT_EQ(plot2d::PointText(QPointF(std::sqrt(2.0), 0)), "(1.4142135623731, 0)");
   EXPECT_EQ(plot2d::PointText(QPointF(-1, 2.5)), "(-1, 2.5)");
 }
 
-TEST(SpecialPoints, TheNearestCurvePointIsWithinReach) {
+TEST(NotablePoints, TheNearestCurvePointIsWithinReach) {
   const Plot plot = Drawn({"y=x"});
   const auto view = plot.View();
   const auto [curve, at] = plot2d::NearestCurvePoint(plot.LastDrawing(), view, view.ToPixel(3, 3) + QPointF(2, 0), 6);

@@ -1,4 +1,4 @@
-#include "SpecialPoints.h"
+#include "NotablePoints.h"
 
 #include "ParameterScan.h"
 #include "RootFinding.h"
@@ -81,17 +81,17 @@ QPointF RefinedRoot(Search& search, std::size_t curve, QPointF at) {
   return at;
 }
 
-void Roots(Search& search, std::size_t curve, std::vector<SpecialPoint>& out) {
+void Roots(Search& search, std::size_t curve, std::vector<NotablePoint>& out) {
   const Drawing::Curve& c = search.Curves[curve];
   for (const QPolygonF& piece : c.Pieces) {
     for (qsizetype i = 1; i < piece.size(); ++i) {
       const QPointF a = piece[i - 1], b = piece[i];
-      if (a.y() == 0) out.push_back({a, SpecialPoint::Kind::Root});
+      if (a.y() == 0) out.push_back({a, NotablePoint::Kind::Root});
       if ((a.y() < 0) == (b.y() < 0) || b.y() == 0) continue;
       QPointF at(a.x() + (b.x() - a.x()) * a.y() / (a.y() - b.y()), 0);
       if (c.Explicit) at.setX(Bisect(c.Explicit, a.x(), b.x()));
       else at = RefinedRoot(search, curve, at);
-      out.push_back({at, SpecialPoint::Kind::Root});
+      out.push_back({at, NotablePoint::Kind::Root});
     }
   }
 }
@@ -122,7 +122,7 @@ QPointF RefinedExtremum(Search& search, std::size_t curve, QPointF before, QPoin
   return Distance(refined, at) <= reach ? refined : at;
 }
 
-void Extrema(Search& search, std::size_t curve, std::vector<SpecialPoint>& out) {
+void Extrema(Search& search, std::size_t curve, std::vector<NotablePoint>& out) {
   for (const QPolygonF& piece : search.Curves[curve].Pieces) {
     for (qsizetype i = 1; i + 1 < piece.size(); ++i) {
       const double before = piece[i].y() - piece[i - 1].y();
@@ -131,16 +131,16 @@ void Extrema(Search& search, std::size_t curve, std::vector<SpecialPoint>& out) 
       const bool minimum = before < 0 && after >= 0;
       if (!maximum && !minimum) continue;
       const QPointF at = RefinedExtremum(search, curve, piece[i - 1], piece[i], piece[i + 1], maximum);
-      out.push_back({at, maximum ? SpecialPoint::Kind::Maximum : SpecialPoint::Kind::Minimum});
+      out.push_back({at, maximum ? NotablePoint::Kind::Maximum : NotablePoint::Kind::Minimum});
     }
   }
 }
 
-void YIntercepts(Search& search, std::size_t curve, std::vector<SpecialPoint>& out) {
+void YIntercepts(Search& search, std::size_t curve, std::vector<NotablePoint>& out) {
   const Drawing::Curve& c = search.Curves[curve];
   if (c.Explicit) {
     const double y = c.Explicit(0);
-    if (std::isfinite(y)) out.push_back({QPointF(0, y), SpecialPoint::Kind::YIntercept});
+    if (std::isfinite(y)) out.push_back({QPointF(0, y), NotablePoint::Kind::YIntercept});
     return;
   }
   for (const QPolygonF& piece : c.Pieces) {
@@ -150,7 +150,7 @@ void YIntercepts(Search& search, std::size_t curve, std::vector<SpecialPoint>& o
       QPointF at = a + (b - a) * (-a.x() / (b.x() - a.x()));
       if (c.Zero) at.setY(Newton(c.Zero, [](double u, double) { return u; }, at, search.Reach).value_or(at).y());
       else if (c.PointAt) at.setY(search.OnParameter(curve, at, [](QPointF p) { return p.x(); }).value_or(at).y());
-      out.push_back({QPointF(0, at.y()), SpecialPoint::Kind::YIntercept});
+      out.push_back({QPointF(0, at.y()), NotablePoint::Kind::YIntercept});
     }
   }
 }
@@ -180,7 +180,7 @@ QPointF RefinedCrossing(Search& search, std::size_t c, std::size_t d, QPointF a1
   return at;
 }
 
-void Intersections(Search& search, std::size_t index, std::vector<SpecialPoint>& out) {
+void Intersections(Search& search, std::size_t index, std::vector<NotablePoint>& out) {
   const ViewTransform& view = search.View;
   if (!(view.XMax() > view.XMin())) return;
   auto columns = std::make_unique<SegmentColumns>(view);
@@ -201,7 +201,7 @@ void Intersections(Search& search, std::size_t index, std::vector<SpecialPoint>&
         if (!Overlap(box, QRectF(s.A, s.B).normalized())) return;
         if (const auto at = Crossing(a1, a2, s.A, s.B)) {
           const QPointF refined = RefinedCrossing(search, index, s.Curve, a1, a2, s.A, s.B, *at);
-          out.push_back({refined, SpecialPoint::Kind::Intersection});
+          out.push_back({refined, NotablePoint::Kind::Intersection});
         }
       });
     }
@@ -210,8 +210,8 @@ void Intersections(Search& search, std::size_t index, std::vector<SpecialPoint>&
 
 }  // namespace
 
-std::vector<SpecialPoint> FindSpecialPoints(const Drawing& drawing, std::size_t curve, const ViewTransform& view) {
-  std::vector<SpecialPoint> found;
+std::vector<NotablePoint> FindNotablePoints(const Drawing& drawing, std::size_t curve, const ViewTransform& view) {
+  std::vector<NotablePoint> found;
   if (curve >= drawing.Curves.size()) return found;
   Search search(drawing, view);
   Roots(search, curve, found);
@@ -219,10 +219,10 @@ std::vector<SpecialPoint> FindSpecialPoints(const Drawing& drawing, std::size_t 
   YIntercepts(search, curve, found);
   Intersections(search, curve, found);
   // In view, and one of each where two lie within a pixel of each other.
-  std::vector<SpecialPoint> kept;
-  for (const SpecialPoint& p : found) {
+  std::vector<NotablePoint> kept;
+  for (const NotablePoint& p : found) {
     if (!InView(p.At, view) || !std::isfinite(p.At.x()) || !std::isfinite(p.At.y())) continue;
-    const bool near = std::any_of(kept.begin(), kept.end(), [&](const SpecialPoint& k) {
+    const bool near = std::any_of(kept.begin(), kept.end(), [&](const NotablePoint& k) {
       return k.What == p.What && std::abs(view.ToPixelX(k.At.x()) - view.ToPixelX(p.At.x())) < 1 &&
              std::abs(view.ToPixelY(k.At.y()) - view.ToPixelY(p.At.y())) < 1;
     });
