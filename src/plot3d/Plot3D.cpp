@@ -42,16 +42,33 @@ void Plot3D::Redraw() {
   if (OnFinished) OnFinished();
 }
 
-void Plot3D::Refresh() {
-  if (m_picture.size() != m_size) m_picture = QImage(m_size, QImage::Format_RGB32);
-  SurfaceRenderer::Options options;
-  options.MeshLines = m_meshLines;
-  m_renderer.Render(m_mesh, m_ranges, m_camera, m_picture, options);
+void Plot3D::SetDevicePixelRatio(double ratio) {
+  m_devicePixelRatio = std::isfinite(ratio) ? std::clamp(ratio, 1.0, 8.0) : 1.0;
 }
 
+void Plot3D::Refresh() {
+  const QSize device(static_cast<int>(std::lround(m_size.width() * m_devicePixelRatio)),
+                     static_cast<int>(std::lround(m_size.height() * m_devicePixelRatio)));
+  if (m_picture.size() != device) m_picture = QImage(device, QImage::Format_RGB32);
+  SurfaceRenderer::Options options;
+  options.MeshLines = m_meshLines;
+  m_picture.setDevicePixelRatio(1);  // the renderer works in the picture's own pixels
+  m_renderer.Render(m_mesh, m_ranges, m_camera, m_picture, options);
+  m_picture.setDevicePixelRatio(m_devicePixelRatio);
+}
+
+// At the plot's size, whatever screen it is shown on.
 void Plot3D::SavePicture(const QString& name, std::int32_t kind) {
-  if (m_picture.size() != m_size) Refresh();
-  plot2d::WritePicture(m_picture, name, kind);
+  if (m_devicePixelRatio == 1) {
+    if (m_picture.size() != m_size) Refresh();
+    return plot2d::WritePicture(m_picture, name, kind);
+  }
+  Plot3D flat = *this;
+  flat.SetDevicePixelRatio(1);
+  flat.Refresh();
+  QImage picture = flat.Picture();
+  picture.setDevicePixelRatio(1);
+  plot2d::WritePicture(picture, name, kind);
 }
 
 }  // namespace plot3d

@@ -69,6 +69,10 @@ public:
   const Camera& View() const { return m_camera; }
   void SetSize(QSize size) { m_size = size.expandedTo(QSize(1, 1)); }
   QSize Size() const { return m_size; }
+  // The screen's device pixels per logical pixel (1 to 8): the picture is drawn at Size times this
+  // and marked with it, so that it is sharp on a dense screen. Saved pictures have Size.
+  double DevicePixelRatio() const { return m_devicePixelRatio; }
+  void SetDevicePixelRatio(double ratio);
 
   void Prepare3D();
   void Redraw();
@@ -100,6 +104,7 @@ private:
   QString m_problem;
   bool m_prepared = false;
   bool m_meshLines = false;
+  double m_devicePixelRatio = 1;
 };
 
 }  // namespace plot3d

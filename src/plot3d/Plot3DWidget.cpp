@@ -36,6 +36,7 @@ void Plot3DWidget::Redraw() {
   const std::uint64_t generation = ++m_generation;
   Plot3D work = m_plot;
   work.SetSize(size());
+  work.SetDevicePixelRatio(devicePixelRatioF());
   work.OnFinished = nullptr;
   work.OnProgress = [this](int percent) {
     QMetaObject::invokeMethod(this, [this, percent] { emit Progress(percent); }, Qt::QueuedConnection);
@@ -60,6 +61,7 @@ void Plot3DWidget::Computed(std::uint64_t generation) {
 
 void Plot3DWidget::Refresh() {
   m_plot.SetSize(size());
+  m_plot.SetDevicePixelRatio(devicePixelRatioF());
   m_plot.Refresh();
   update();
 }

@@ -137,12 +137,15 @@ void SurfaceRenderer::DrawNumbers(QPainter& painter, const SurfaceRanges& box, c
       const double length = std::hypot(away.x(), away.y());
       away = length > 0 ? away / length * (metrics.height() * 0.9) : QPointF(0, metrics.height());
       const QRectF rect = metrics.boundingRect(text);
-      painter.drawText(QPointF(at.X + away.x() - rect.width() / 2, at.Y + away.y() + metrics.ascent() / 2), text);
+      // Kept inside the picture, where a zoomed box would put it over the edge.
+      const double x = std::clamp(at.X + away.x() - rect.width() / 2, 2.0, std::max(2.0, size.width() - rect.width() - 2));
+      const double y = std::clamp(at.Y + away.y() + metrics.ascent() / 2, metrics.ascent() + 2, std::max(metrics.ascent() + 2, size.height() - metrics.descent() - 2));
+      painter.drawText(QPointF(x, y), text);
     };
     for (const double value : plot2d::AxisTicks::Values(lows[axis], highs[axis], step)) {
       label(point(value, bestA, bestB), plot2d::AxisTicks::Label(value, step));
     }
-    const Camera::Projected end = point(highs[axis] + range * 0.08, bestA, bestB);
+    const Camera::Projected end = point(highs[axis] + range * 0.12, bestA, bestB);
     QFont bold = font;
     bold.setBold(true);
     painter.setFont(bold);

@@ -134,3 +134,17 @@ TEST(Plot3D, MeshLinesDarkenTheSurface) {
   plot.Refresh();
   EXPECT_GT(darkness(plot.Picture()), plain + 1000);
 }
+
+TEST(Plot3D, ADenseScreenGetsASharperPictureButSavesAtTheSize) {
+  Plot3D plot = Drawn("sin(x)*cos(y)", 1);
+  plot.SetDevicePixelRatio(2);
+  plot.Refresh();
+  EXPECT_EQ(plot.Picture().size(), QSize(400, 300));
+  EXPECT_EQ(plot.Picture().devicePixelRatio(), 2);
+  QTemporaryDir dir;
+  const QString name = dir.filePath("dense.png");
+  plot.SavePicture(name, 1);
+  EXPECT_EQ(QImageReader(name).size(), QSize(200, 150));
+  plot.SetDevicePixelRatio(NAN);
+  EXPECT_EQ(plot.DevicePixelRatio(), 1);
+}
