@@ -1,5 +1,7 @@
 #include "ParameterScan.h"
 
+#include "RootFinding.h"
+
 #include <cmath>
 
 namespace plot2d {
@@ -29,17 +31,10 @@ std::optional<double> ParameterScan::Nearest(QPointF at, const ViewTransform& vi
     const double distance = PixelDistance(m_points[i], at, view);
     if (distance < bestDistance) bestDistance = distance, best = i;
   }
-  // Then between the neighbours of the best sample (golden section on the distance).
-  const auto distanceAt = [&](double t) { return PixelDistance(m_curve.PointAt(t), at, view); };
-  const double ratio = (std::sqrt(5.0) - 1) / 2;
+  // Then between the neighbours of the best sample, the nearest point by golden section.
+  const Function distanceAt = [&](double t) { return PixelDistance(m_curve.PointAt(t), at, view); };
   const double centre = m_curve.From + static_cast<double>(best) * m_step;
-  double a = centre - m_step, b = centre + m_step;
-  for (int i = 0; i < 60; ++i) {
-    const double c = b - ratio * (b - a), d = a + ratio * (b - a);
-    if (distanceAt(c) < distanceAt(d)) b = d;
-    else a = c;
-  }
-  const double t = (a + b) / 2;
+  const double t = Golden(distanceAt, centre - m_step, centre + m_step, false);
   if (!(distanceAt(t) <= reach)) return std::nullopt;
   return t;
 }
