@@ -5,6 +5,7 @@
 #include "ExplainCommand.h"
 #include "PlotCommand.h"
 #include "SurfaceCommand.h"
+#include "TypesetCommand.h"
 
 namespace cli {
 
@@ -39,7 +40,7 @@ QString HelpText() {
       "                      right-hand side alone. \"Could Not Derivative!\" and exit status 1\n"
       "                      where there is none (implicit equations, point lists, commands).\n"
       "\n") +
-      PlotHelp() + u'\n' + SurfaceHelp() +
+      PlotHelp() + u'\n' + SurfaceHelp() + u'\n' + TypesetHelp() +
       QString(
       "\n"
       "Options:\n"
@@ -71,7 +72,8 @@ std::optional<std::vector<double>> NumberList(const QString& text, int count, QC
 }
 
 bool NeedsGui(const QStringList& arguments) {
-  return !arguments.isEmpty() && (arguments.first() == u"plot" || arguments.first() == u"surface");
+  return !arguments.isEmpty() && (arguments.first() == u"plot" || arguments.first() == u"surface" ||
+                                  arguments.first() == u"typeset");
 }
 
 int Run(const QStringList& arguments, Streams streams) {
@@ -97,6 +99,7 @@ int Run(const QStringList& arguments, Streams streams) {
   if (command == u"plot") return RunPlot(rest, streams);
   if (command == u"derive") return RunDerive(rest, streams);
   if (command == u"surface") return RunSurface(rest, streams);
+  if (command == u"typeset") return RunTypeset(rest, streams);
   streams.Err << "quillograph-cli: unknown command \"" << command << "\"\n\n" << HelpText();
   streams.Err.flush();
   return 2;

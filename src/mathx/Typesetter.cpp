@@ -1,0 +1,610 @@
+#include "Typesetter.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace mathx {
+
+namespace {
+
+using Kind = MathNode::Kind;
+using BoxKind = LayoutBox::Kind;
+using Role = LayoutBox::Role;
+
+// Proportions of the picture, in ems of the current size.
+constexpr double kThin = 0.17;
+constexpr double kMedium = 0.22;
+constexpr double kThick = 0.26;
+constexpr double kScript = 0.70;        // exponents and root indices
+constexpr double kFractionPart = 0.90;  // numerators and denominators
+constexpr double kSmallest = 6.0;       // pixels: nothing gets smaller
+constexpr double kAxis = 0.27;          // height of the fraction bar and of the minus sign
+
+double Smaller(double size, double factor) { return std::max(kSmallest, size * factor); }
+double RuleThickness(double size) { return std::max(1.0, size * 0.055); }
+
+// Lays boxes side by side on one baseline and collects the caret's carets. A slot added with no
+// height takes the height of the finished row.
+class RowBuilder {
+public:
+  void Add(LayoutBox child) {
+    child.x = m_box.width;
+    m_box.width += child.width;
+    m_box.ascent = std::max(m_box.ascent, child.ascent - child.y);
+    m_box.descent = std::max(m_box.descent, child.descent + child.y);
+    m_box.children.push_back(std::move(child));
+  }
+  void Space(double width) { m_box.width += width; }
+  double Width() const { return m_box.width; }
+  // A slot for a character position at the current end of the row.
+  void Slot(int position) { Slot(position, m_box.width); }
+  void Slot(int position, double x) {
+    if (position >= 0) m_pending.push_back({position, x, -1, -1});
+  }
+  // The carets of a piece of syntax the picture does not show: before and after it, here.
+  void Hidden(SourceRange mark) {
+    if (!mark.Valid()) return;
+    Slot(mark.begin);
+    Slot(mark.end);
+  }
+  LayoutBox Finish(Role role = Role::None) {
+    for (CaretSlot slot : m_pending) {
+      slot.ascent = m_box.ascent;
+      slot.descent = m_box.descent;
+      m_box.carets.push_back(slot);
+    }
+    m_pending.clear();
+    m_box.role = role;
+    return std::move(m_box);
+  }
+
+private:
+  LayoutBox m_box;
+  std::vector<CaretSlot> m_pending;
+};
+
+// Whether a quotient's operand may stand in a built-up fraction: something that reads as one
+// piece (a bracket, a name, a number, a power, a root) rather than a run of terms.
+bool IsCompact(const MathNode& node) {
+  switch (node.kind) {
+    case Kind::Number: case Kind::Variable: case Kind::Greek: case Kind::Word: case Kind::Call:
+    case Kind::Group: case Kind::Power: case Kind::Radical: case Kind::Abs: case Kind::Placeholder:
+      return true;
+    case Kind::Binary: return node.ops == QStringList{"/"} && IsCompact(node.children[0]) && IsCompact(node.children[1]);
+    case Kind::Unary: return node.text == u"!" || IsCompact(node.children[0]);
+    default: return false;
+  }
+}
+
+// The node whose first character the reader meets first, for the choice between a dot and a
+// thin space in a product.
+const MathNode& Leftmost(const MathNode& node) {
+  const MathNode* at = &node;
+  while ((at->kind == Kind::Binary || at->kind == Kind::Power || at->kind == Kind::Chain) && !at->children.empty())
+    at = &at->children.front();
+  return *at;
+}
+
+const MathNode& Rightmost(const MathNode& node) {
+  const MathNode* at = &node;
+  while (at->kind == Kind::Binary && !at->children.empty()) at = &at->children.back();
+  return *at;
+}
+
+QString RelationGlyph(const QString& op) {
+  if (op == u"<=" || op == u"=<") return QString::fromUtf8("≤");
+  if (op == u">=" || op == u"=>") return QString::fromUtf8("≥");
+  if (op == u"<>") return QString::fromUtf8("≠");
+  return op;
+}
+
+// The height of a box without its content: what a bracket round it needs to know.
+LayoutBox Extent(const LayoutBox& box) {
+  LayoutBox extent;
+  extent.ascent = box.ascent - box.y;
+  extent.descent = box.descent + box.y;
+  return extent;
+}
+
+}  // namespace
+
+LayoutBox Typesetter::Layout(const MathNode& node) const { return Set(node, m_size); }
+
+LayoutBox Typesetter::Set(const MathNode& node, double size) const {
+  switch (node.kind) {
+    case Kind::Number: case Kind::Variable: case Kind::Greek: case Kind::Word: case Kind::PlainText:
+      return Leaf(node, size);
+    case Kind::Call: return Call(node, size);
+    case Kind::Group: return Group(node, size);
+    case Kind::Binary: return node.ops == QStringList{"/"} ? Quotient(node, size) : Binary(node, size);
+    case Kind::Unary: return Unary(node, size);
+    case Kind::Power: return Power(node, size);
+    case Kind::Chain: return Chain(node, size);
+    case Kind::Radical: return Radical(node, size);
+    case Kind::Abs: return Abs(node, size);
+    case Kind::Declare: return Declare(node, size);
+    case Kind::Domain: return Domain(node, size);
+    case Kind::PointTable: return Table(node, size);
+    case Kind::Command: return Command(node, size);
+    case Kind::Placeholder: return Placeholder(node, size);
+    case Kind::TableRow: break;
+  }
+  return {};
+}
+
+LayoutBox Typesetter::Text(const QString& text, FontRole role, double size, int begin, int end,
+                           bool verbatim) const {
+  const QFontMetricsF& metrics = m_fonts.Metrics(role, size);
+  LayoutBox box;
+  box.kind = BoxKind::Text;
+  box.text = text;
+  box.font = role;
+  box.size = size;
+  box.width = metrics.horizontalAdvance(text);
+  // An italic letter leans into what follows; a little room keeps it off a bracket.
+  if (role == FontRole::Italic) box.width += size * 0.05;
+  box.ascent = metrics.ascent() * 0.85;
+  box.descent = metrics.descent() * 0.85;
+  box.sourceBegin = begin;
+  box.sourceEnd = end;
+  box.verbatim = verbatim;
+  if (begin < 0) return box;
+  if (verbatim) {
+    for (int i = 0; i <= text.size(); ++i)
+      box.carets.push_back({begin + i, i == text.size() ? box.width : metrics.horizontalAdvance(text.left(i)),
+                           box.ascent, box.descent});
+  } else {
+    box.carets.push_back({begin, 0, box.ascent, box.descent});
+    box.carets.push_back({end, box.width, box.ascent, box.descent});
+  }
+  return box;
+}
+
+LayoutBox Typesetter::Operator(const QString& glyph, double size, SourceRange source, double spaceBefore,
+                               double spaceAfter) const {
+  RowBuilder row;
+  row.Space(spaceBefore * size);
+  LayoutBox text = Text(glyph, FontRole::Upright, size, source.begin, source.end, false);
+  text.role = Role::Operator;
+  if (!source.Valid()) text.carets.clear();
+  row.Add(std::move(text));
+  row.Space(spaceAfter * size);
+  return row.Finish(Role::Operator);
+}
+
+LayoutBox Typesetter::Space(double width) const {
+  LayoutBox box;
+  box.width = width;
+  return box;
+}
+
+LayoutBox Typesetter::Fence(QChar fence, const LayoutBox& content, double size, SourceRange source) const {
+  const QFontMetricsF& metrics = m_fonts.Metrics(FontRole::Upright, size);
+  const double textHeight = (metrics.ascent() + metrics.descent()) * 0.85;
+  if (fence != u'|' && content.Height() <= textHeight * 1.08) {
+    LayoutBox glyph = Text(QString(fence), FontRole::Upright, size, source.begin, source.end, false);
+    glyph.carets.clear();
+    return glyph;
+  }
+  // Taller content: a bracket drawn to its height.
+  LayoutBox box;
+  box.kind = BoxKind::Fence;
+  box.fence = fence;
+  box.size = size;
+  box.thickness = std::max(1.0, size * (fence == u'|' ? 0.06 : 0.075));
+  const double pad = size * 0.08;
+  box.ascent = std::max(content.ascent + pad, metrics.ascent() * 0.8);
+  box.descent = std::max(content.descent + pad, metrics.descent() * 0.8);
+  box.width = size * (fence == u'|' ? 0.28 : 0.38) + box.Height() * 0.04;
+  box.sourceBegin = source.begin;
+  box.sourceEnd = source.end;
+  return box;
+}
+
+LayoutBox Typesetter::Leaf(const MathNode& node, double size) const {
+  switch (node.kind) {
+    case Kind::Variable: return Text(node.text, FontRole::Italic, size, node.begin, node.end, true);
+    case Kind::Number: return Text(node.text, FontRole::Upright, size, node.begin, node.end, true);
+    case Kind::Greek: {
+      const bool upright = node.text == QString::fromUtf8("π");
+      return Text(node.text, upright ? FontRole::Upright : FontRole::Italic, size, node.begin, node.end, false);
+    }
+    case Kind::Word: return Text(node.text, FontRole::Upright, size, node.begin, node.end, false);
+    default: return Text(node.text, FontRole::Upright, size, node.begin, node.end, true);
+  }
+}
+
+LayoutBox Typesetter::Call(const MathNode& node, double size) const {
+  RowBuilder row;
+  const SourceRange name = node.marks.front();
+  const bool common = node.text == u"log10";
+  row.Add(Text(common ? QStringLiteral("log") : node.text, FontRole::Upright, size, name.begin, name.end, false));
+  if (common) {
+    LayoutBox base = Text("10", FontRole::Upright, Smaller(size, kScript), -1, -1, false);
+    base.y = size * 0.25;
+    row.Add(std::move(base));
+  }
+  const SourceRange open = node.marks[1];
+  if (!open.Valid()) {
+    // "sin x": the argument follows after a thin space.
+    row.Space(kThin * size);
+    row.Add(Set(node.children.front(), size));
+    return row.Finish();
+  }
+  RowBuilder inner;
+  for (size_t i = 0; i < node.children.size(); ++i) {
+    if (i > 0) inner.Add(Operator(",", size, node.marks[1 + i], 0, kThin));
+    inner.Add(Set(node.children[i], size));
+  }
+  LayoutBox content = inner.Finish();
+  const LayoutBox extent = Extent(content);
+  const SourceRange close = node.marks.back();
+  row.Add(Fence(u'(', extent, size, {node.begin, node.end}));
+  row.Slot(open.end);
+  row.Add(std::move(content));
+  if (close.Valid()) row.Slot(close.begin);
+  row.Add(Fence(u')', extent, size, {node.begin, node.end}));
+  row.Slot(close.Valid() ? close.end : node.end);
+  return row.Finish();
+}
+
+LayoutBox Typesetter::Group(const MathNode& node, double size) const {
+  RowBuilder row;
+  const SourceRange open = node.marks[0];
+  const SourceRange close = node.marks[1];
+  if (node.hideBrackets) {
+    row.Hidden(open);
+    row.Add(Set(node.children.front(), size));
+    row.Hidden(close);
+    return row.Finish();
+  }
+  LayoutBox content = Set(node.children.front(), size);
+  const LayoutBox extent = Extent(content);
+  row.Slot(open.begin);
+  row.Add(Fence(node.text[0], extent, size, {node.begin, node.end}));
+  row.Slot(open.end);
+  row.Add(std::move(content));
+  if (close.Valid()) {
+    row.Slot(close.begin);
+    row.Add(Fence(node.text[1], extent, size, {node.begin, node.end}));
+  }
+  row.Slot(close.Valid() ? close.end : node.end);
+  return row.Finish();
+}
+
+LayoutBox Typesetter::Binary(const MathNode& node, double size) const {
+  RowBuilder row;
+  row.Add(Set(node.children[0], size));
+  for (size_t i = 1; i < node.children.size(); ++i) {
+    const QString& op = node.ops[i - 1];
+    const SourceRange mark = node.marks[i - 1];
+    const MathNode& left = Rightmost(node.children[i - 1]);
+    const MathNode& right = Leftmost(node.children[i]);
+    if (op == u"+") row.Add(Operator("+", size, mark, kMedium, kMedium));
+    else if (op == u"-") row.Add(Operator(QString::fromUtf8("−"), size, mark, kMedium, kMedium));
+    else if (op == u"mod") row.Add(Operator("mod", size, mark, kThick, kThick));
+    else if (op == u"\\") row.Add(Operator("\\", size, mark, kThin, kThin));
+    else if (op == u"/") row.Add(Operator("/", size, mark, 0.05, 0.05));
+    else if (op == u"*") {
+      // A dot where two numbers would run together, a thin space elsewhere.
+      if (right.kind == Kind::Number || (left.kind == Kind::Number && right.kind == Kind::Unary))
+        row.Add(Operator(QString::fromUtf8("·"), size, mark, kThin * 0.7, kThin * 0.7));
+      else {
+        row.Hidden(mark);
+        row.Space(kThin * size);
+        row.Hidden(mark);
+      }
+    } else if ((left.kind == Kind::Number && right.kind == Kind::Number) ||
+               ((right.kind == Kind::Call || right.kind == Kind::Word) && right.text != u"declare")) {
+      // Side by side: a thin space keeps two numbers apart and sets a function name off.
+      row.Space(kThin * size);
+    }
+    row.Add(Set(node.children[i], size));
+  }
+  return row.Finish();
+}
+
+LayoutBox Typesetter::Quotient(const MathNode& node, double size) const {
+  // In an exponent a quotient stays on the line, as in print: e^(-x/2).
+  const bool script = size < m_size * (kScript + 0.05);
+  if (!script && IsCompact(node.children[0]) && IsCompact(node.children[1])) return Fraction(node, size);
+  return Binary(node, size);
+}
+
+LayoutBox Typesetter::Fraction(const MathNode& node, double size) const {
+  const double partSize = Smaller(size, kFractionPart);
+  auto part = [&](const MathNode& child) {
+    if (child.kind != Kind::Group || child.text != u"()") return Set(child, partSize);
+    MathNode bare = child;
+    bare.hideBrackets = true;
+    return Set(bare, partSize);
+  };
+  LayoutBox numerator = part(node.children[0]);
+  LayoutBox denominator = part(node.children[1]);
+  const double thickness = RuleThickness(size);
+  const double gap = size * 0.10;
+  const double axis = kAxis * size;
+  const double pad = size * 0.08;
+  const double inner = std::max(numerator.width, denominator.width);
+
+  LayoutBox box;
+  box.width = inner + 2 * pad;
+  numerator.role = Role::Numerator;
+  numerator.x = pad + (inner - numerator.width) / 2;
+  numerator.y = -(axis + thickness / 2 + gap + numerator.descent);
+  denominator.role = Role::Denominator;
+  denominator.x = pad + (inner - denominator.width) / 2;
+  denominator.y = -axis + thickness / 2 + gap + denominator.ascent;
+  LayoutBox bar;
+  bar.kind = BoxKind::Rule;
+  bar.role = Role::FractionBar;
+  bar.x = 0;
+  bar.y = -axis;
+  bar.width = box.width;
+  bar.ascent = thickness / 2;
+  bar.descent = thickness / 2;
+  bar.sourceBegin = node.begin;
+  bar.sourceEnd = node.end;
+  box.ascent = -numerator.y + numerator.ascent;
+  box.descent = denominator.y + denominator.descent;
+  // The "/" stands between the parts: its carets go to the end of the numerator and the start
+  // of the denominator; the fraction's own ends take the full height.
+  const SourceRange slash = node.marks[0];
+  box.carets.push_back({node.begin, 0, box.ascent, box.descent});
+  box.carets.push_back({node.end, box.width, box.ascent, box.descent});
+  box.carets.push_back({slash.begin, numerator.x + numerator.width, numerator.ascent - numerator.y, numerator.descent + numerator.y});
+  box.carets.push_back({slash.end, denominator.x, denominator.ascent - denominator.y, denominator.descent + denominator.y});
+  box.children.push_back(std::move(numerator));
+  box.children.push_back(std::move(bar));
+  box.children.push_back(std::move(denominator));
+  return box;
+}
+
+LayoutBox Typesetter::Unary(const MathNode& node, double size) const {
+  RowBuilder row;
+  if (node.text == u"!") {
+    row.Add(Set(node.children.front(), size));
+    row.Add(Operator("!", size, node.marks[0], 0, 0));
+    return row.Finish();
+  }
+  row.Add(Operator(node.text == u"-" ? QString::fromUtf8("−") : node.text, size, node.marks[0], 0, 0.03));
+  row.Add(Set(node.children.front(), size));
+  return row.Finish();
+}
+
+LayoutBox Typesetter::Power(const MathNode& node, double size) const {
+  LayoutBox base = Set(node.children[0], size);
+  LayoutBox exponent = Set(node.children[1], Smaller(size, kScript));
+  base.role = Role::Base;
+  exponent.role = Role::Exponent;
+  const double raise = std::max(size * 0.42, base.ascent - exponent.ascent * 0.55);
+  RowBuilder row;
+  row.Add(std::move(base));
+  row.Hidden(node.marks[0]);
+  exponent.y = -raise;
+  row.Space(size * 0.03);
+  row.Add(std::move(exponent));
+  return row.Finish();
+}
+
+LayoutBox Typesetter::Chain(const MathNode& node, double size) const {
+  RowBuilder row;
+  row.Add(Set(node.children[0], size));
+  for (size_t i = 1; i < node.children.size(); ++i) {
+    const QString& op = node.ops[i - 1];
+    if (op == u";" || op == u",") row.Add(Operator(",", size, node.marks[i - 1], 0, kThick * 1.3));
+    else if (op == u"and" || op == u"or") row.Add(Operator(op, size, node.marks[i - 1], kThick, kThick));
+    else row.Add(Operator(RelationGlyph(op), size, node.marks[i - 1], kThick, kThick));
+    row.Add(Set(node.children[i], size));
+  }
+  return row.Finish();
+}
+
+LayoutBox Typesetter::Radical(const MathNode& node, double size) const {
+  LayoutBox radicand = Set(node.children[0], size);
+  radicand.role = Role::Radicand;
+  const double thickness = RuleThickness(size);
+  const double gap = size * 0.12;
+  const double signWidth = size * 0.55;
+  const double pad = size * 0.08;
+
+  LayoutBox box;
+  double signX = 0;
+  if (node.children.size() > 1) {
+    // xroot(x, n): the index sits in the crook of the sign.
+    LayoutBox index = Set(node.children[1], Smaller(size, 0.6));
+    index.role = Role::RootIndex;
+    index.y = -(radicand.ascent + gap) * 0.5 - index.descent;
+    signX = std::max(0.0, index.width - signWidth * 0.45);
+    box.ascent = index.ascent - index.y;
+    box.children.push_back(std::move(index));
+  }
+  LayoutBox sign;
+  sign.kind = BoxKind::RadicalSign;
+  sign.x = signX;
+  sign.ascent = radicand.ascent + gap + thickness;
+  sign.descent = radicand.descent + size * 0.04;
+  sign.width = signWidth;
+  sign.thickness = thickness;
+  sign.sourceBegin = node.begin;
+  sign.sourceEnd = node.end;
+  LayoutBox line;
+  line.kind = BoxKind::Rule;
+  line.x = signX + signWidth;
+  line.width = radicand.width + 2 * pad;
+  line.y = -(radicand.ascent + gap + thickness / 2);
+  line.ascent = line.descent = thickness / 2;
+  line.sourceBegin = node.begin;
+  line.sourceEnd = node.end;
+  radicand.x = signX + signWidth + pad;
+
+  box.width = line.x + line.width;
+  box.ascent = std::max(box.ascent, sign.ascent);
+  box.descent = sign.descent;
+  box.carets.push_back({node.begin, 0, box.ascent, box.descent});
+  box.carets.push_back({node.end, box.width, box.ascent, box.descent});
+  box.children.push_back(std::move(sign));
+  box.children.push_back(std::move(line));
+  box.children.push_back(std::move(radicand));
+  return box;
+}
+
+LayoutBox Typesetter::Abs(const MathNode& node, double size) const {
+  LayoutBox content = Set(node.children.front(), size);
+  const LayoutBox extent = Extent(content);
+  RowBuilder row;
+  row.Slot(node.begin);
+  row.Add(Fence(u'|', extent, size, {node.begin, node.end}));
+  row.Space(size * 0.05);
+  row.Add(std::move(content));
+  row.Space(size * 0.05);
+  row.Add(Fence(u'|', extent, size, {node.begin, node.end}));
+  row.Slot(node.end);
+  return row.Finish();
+}
+
+LayoutBox Typesetter::Declare(const MathNode& node, double size) const {
+  RowBuilder row;
+  row.Slot(node.begin);
+  row.Add(Set(node.children[0], size));
+  row.Add(Operator(",", size, node.marks[2], 0, kThick * 1.5));
+  row.Add(Set(node.children[1], size));
+  row.Slot(node.end);
+  return row.Finish();
+}
+
+LayoutBox Typesetter::Domain(const MathNode& node, double size) const {
+  static const char* const lower[] = {"<", "≤", "<", "≤"};
+  static const char* const upper[] = {"<", "≤", "≤", "<"};
+  const int bounds = node.text.toInt();
+  RowBuilder row;
+  row.Slot(node.begin);
+  row.Add(Set(node.children[1], size));
+  row.Add(Operator(QString::fromUtf8(lower[bounds]), size, {}, kThick, kThick));
+  row.Add(Set(node.children[0], size));
+  row.Add(Operator(QString::fromUtf8(upper[bounds]), size, {}, kThick, kThick));
+  row.Add(Set(node.children[2], size));
+  row.Slot(node.end);
+  return row.Finish();
+}
+
+LayoutBox Typesetter::Table(const MathNode& node, double size) const {
+  // Cells set first, then placed in two columns under the header.
+  std::vector<std::array<LayoutBox, 2>> cells;
+  double columns[2] = {size * 0.8, size * 0.8};
+  for (const MathNode& row : node.children) {
+    std::array<LayoutBox, 2> pair = {Set(row.children[0], size), Set(row.children[1], size)};
+    for (int c = 0; c < 2; ++c) columns[c] = std::max(columns[c], pair[c].width);
+    cells.push_back(std::move(pair));
+  }
+  const double padX = size * 0.35;
+  const double padY = size * 0.12;
+  const double thickness = std::max(1.0, size * 0.045);
+  const double width = columns[0] + columns[1] + 4 * padX;
+
+  LayoutBox table;
+  table.width = width;
+  double top = 0;  // top of the next line, from the table's top
+  std::vector<LayoutBox> lines;
+  for (size_t r = 0; r < cells.size(); ++r) {
+    LayoutBox line;
+    line.role = r == 0 ? Role::TableHeader : Role::TableRow;
+    line.width = width;
+    for (int c = 0; c < 2; ++c) {
+      line.ascent = std::max(line.ascent, cells[r][c].ascent);
+      line.descent = std::max(line.descent, cells[r][c].descent);
+    }
+    line.ascent += padY;
+    line.descent += padY;
+    for (int c = 0; c < 2; ++c) {
+      LayoutBox cell = std::move(cells[r][c]);
+      cell.role = Role::TableCell;
+      cell.x = padX + c * (columns[0] + 2 * padX) + (columns[c] - cell.width) / 2;
+      line.children.push_back(std::move(cell));
+    }
+    // The comma between the cells and the ";" behind the line: at the end of each cell.
+    const MathNode& source = node.children[r];
+    const LayoutBox& left = line.children[0];
+    const LayoutBox& right = line.children[1];
+    line.carets.push_back({source.marks[0].begin, left.x + left.width, line.ascent, line.descent});
+    line.carets.push_back({source.marks[0].end, right.x, line.ascent, line.descent});
+    line.y = top + line.ascent;
+    top += line.Height();
+    if (r == 0) top += thickness + padY;
+    lines.push_back(std::move(line));
+  }
+  // The table's baseline is that of its first point (or of the header alone).
+  const double baseline = lines.size() > 1 ? lines[1].y : lines[0].y;
+  for (LayoutBox& line : lines) line.y -= baseline;
+  table.ascent = baseline;
+  table.descent = top - baseline;
+
+  LayoutBox headerRule;
+  headerRule.kind = BoxKind::Rule;
+  headerRule.role = Role::TableRule;
+  headerRule.width = width;
+  headerRule.y = lines[0].y + lines[0].descent + padY / 2 + thickness / 2;
+  headerRule.ascent = headerRule.descent = thickness / 2;
+  LayoutBox columnRule;
+  columnRule.kind = BoxKind::Rule;
+  columnRule.role = Role::TableRule;
+  columnRule.x = columns[0] + 2 * padX - thickness / 2;
+  columnRule.width = thickness;
+  columnRule.ascent = table.ascent;
+  columnRule.descent = table.descent;
+  for (LayoutBox* rule : {&headerRule, &columnRule}) {
+    rule->sourceBegin = node.begin;
+    rule->sourceEnd = node.end;
+  }
+  // The brackets stand at the table's ends; each ";" at the end of the line before it.
+  table.carets.push_back({node.begin, 0, table.ascent, table.descent});
+  const SourceRange open = node.marks.front();
+  table.carets.push_back({open.end, lines[0].children[0].x, lines[0].ascent - lines[0].y, lines[0].descent + lines[0].y});
+  for (size_t s = 1; s + 1 < node.marks.size(); ++s) {
+    const LayoutBox& before = lines[s - 1];
+    const LayoutBox& after = lines[s];
+    const LayoutBox& last = before.children[1];
+    table.carets.push_back({node.marks[s].begin, last.x + last.width, before.ascent - before.y, before.descent + before.y});
+    table.carets.push_back({node.marks[s].end, after.children[0].x, after.ascent - after.y, after.descent + after.y});
+  }
+  table.carets.push_back({node.end, width, table.ascent, table.descent});
+  for (LayoutBox& line : lines) table.children.push_back(std::move(line));
+  table.children.push_back(std::move(headerRule));
+  table.children.push_back(std::move(columnRule));
+  return table;
+}
+
+LayoutBox Typesetter::Command(const MathNode& node, double size) const {
+  const double textSize = Smaller(size, 0.85);
+  LayoutBox text = Text(node.text, FontRole::Sans, textSize, -1, -1, false);
+  const double padX = size * 0.35;
+  const double padY = size * 0.12;
+  LayoutBox frame;
+  frame.kind = BoxKind::Frame;
+  frame.role = Role::Command;
+  frame.thickness = std::max(1.0, size * 0.05);
+  text.x = padX;
+  frame.width = text.width + 2 * padX;
+  frame.ascent = text.ascent + padY;
+  frame.descent = text.descent + padY;
+  frame.sourceBegin = node.begin;
+  frame.sourceEnd = node.end;
+  frame.carets.push_back({node.begin, 0, frame.ascent, frame.descent});
+  frame.carets.push_back({node.end, frame.width, frame.ascent, frame.descent});
+  frame.children.push_back(std::move(text));
+  return frame;
+}
+
+LayoutBox Typesetter::Placeholder(const MathNode& node, double size) const {
+  LayoutBox box;
+  box.kind = BoxKind::Placeholder;
+  box.width = size * 0.55;
+  box.ascent = size * 0.62;
+  box.descent = size * 0.06;
+  box.thickness = std::max(1.0, size * 0.05);
+  box.carets.push_back({node.begin, size * 0.12, box.ascent, box.descent});
+  return box;
+}
+
+}  // namespace mathx
