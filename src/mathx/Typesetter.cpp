@@ -380,8 +380,8 @@ LayoutBox Typesetter::Power(const MathNode& node, double size) const {
   exponent.role = Role::Exponent;
   const double raise = std::max(size * 0.42, base.ascent - exponent.ascent * 0.55);
   RowBuilder row;
+  // No slots of its own for the "^": the base's end stands before it, the exponent's start after.
   row.Add(std::move(base));
-  row.Hidden(node.marks[0]);
   exponent.y = -raise;
   row.Space(size * 0.03);
   row.Add(std::move(exponent));
