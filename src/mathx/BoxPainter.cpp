@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include <algorithm>
 #include <cmath>
 
 namespace mathx {
@@ -21,17 +22,19 @@ void PaintRadicalSign(QPainter& painter, const LayoutBox& box, QPointF origin, c
   const double left = origin.x();
   const double w = box.width;
   const double h = bottom - top;
+  // The tick stays near the foot however tall the radicand is, as in type.
+  const double tick = bottom - std::min(h * 0.42, w * 0.95);
   QPainterPath path;
-  path.moveTo(left + 0.02 * w, top + h * 0.60);
-  path.lineTo(left + 0.22 * w, top + h * 0.52);
+  path.moveTo(left + 0.02 * w, tick + w * 0.12);
+  path.lineTo(left + 0.22 * w, tick);
   path.lineTo(left + 0.50 * w, bottom);
   path.lineTo(left + w, top + box.thickness / 2);
   painter.setPen(QPen(color, box.thickness, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
   painter.setBrush(Qt::NoBrush);
   painter.drawPath(path);
-  // The down stroke is the heavy one, as in type.
+  // The down stroke is the heavy one.
   painter.setPen(QPen(color, box.thickness * 1.9, Qt::SolidLine, Qt::RoundCap));
-  painter.drawLine(QPointF(left + 0.24 * w, top + h * 0.55), QPointF(left + 0.48 * w, bottom - box.thickness));
+  painter.drawLine(QPointF(left + 0.24 * w, tick + box.thickness), QPointF(left + 0.48 * w, bottom - box.thickness));
 }
 
 void PaintFence(QPainter& painter, const LayoutBox& box, QPointF origin, const QColor& color) {
@@ -89,11 +92,14 @@ void PaintPlaceholder(QPainter& painter, const LayoutBox& box, QPointF origin, c
 void PaintBox(QPainter& painter, const LayoutBox& box, QPointF origin, const FontSet& fonts, const QColor& color) {
   const QPointF at(origin.x() + box.x, origin.y() + box.y);
   switch (box.kind) {
-    case LayoutBox::Kind::Text:
+    case LayoutBox::Kind::Text: {
       painter.setFont(fonts.Font(box.font, box.size));
       painter.setPen(color);
-      painter.drawText(at, box.text);
+      // Prepared text is placed by its top, the line's ascent above the baseline.
+      const double ascent = fonts.Metrics(box.font, box.size).ascent();
+      painter.drawStaticText(QPointF(at.x(), at.y() - ascent), fonts.Prepared(box.font, box.size, box.text));
       break;
+    }
     case LayoutBox::Kind::Rule: PaintRule(painter, box, at, color); break;
     case LayoutBox::Kind::RadicalSign: PaintRadicalSign(painter, box, at, color); break;
     case LayoutBox::Kind::Fence: PaintFence(painter, box, at, color); break;

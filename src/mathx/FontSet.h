@@ -4,6 +4,8 @@
 
 #include <QFont>
 #include <QFontMetricsF>
+#include <QHash>
+#include <QStaticText>
 
 #include <map>
 #include <utility>
@@ -15,12 +17,21 @@ namespace mathx {
 // sans face for commands. Needs a QGuiApplication, as all font access does.
 class FontSet {
 public:
-  QFont Font(FontRole role, double pixelSize) const;
+  const QFont& Font(FontRole role, double pixelSize) const;
   const QFontMetricsF& Metrics(FontRole role, double pixelSize) const;
+  // The advance of a text, remembered: formulas repeat their few signs and letters endlessly.
+  double Advance(FontRole role, double pixelSize, const QString& text) const;
+  // The text laid out once for painting, kept for the next paint.
+  const QStaticText& Prepared(FontRole role, double pixelSize, const QString& text) const;
 
 private:
   static int Key(double pixelSize);
+  static QString CacheKey(FontRole role, double pixelSize, const QString& text);
+  static QFont MakeFont(FontRole role, int pixels);
+  mutable std::map<std::pair<int, int>, QFont> m_fonts;
   mutable std::map<std::pair<int, int>, QFontMetricsF> m_metrics;
+  mutable QHash<QString, double> m_advances;
+  mutable QHash<QString, QStaticText> m_prepared;
 };
 
 }  // namespace mathx

@@ -79,11 +79,11 @@ void Formula::Rebuild() {
   all.push_back({0, origin.x(), origin.y() - m_box.ascent, origin.y() + m_box.descent});
   all.push_back({int(m_text.size()), origin.x() + m_box.width, origin.y() - m_box.ascent, origin.y() + m_box.descent});
   m_slots.clear();
+  std::vector<bool> known(size_t(m_text.size()) + 1, false);
   for (const CaretPlace& slot : all) {
-    if (slot.position < 0 || slot.position > m_text.size()) continue;
-    const bool known = std::any_of(m_slots.begin(), m_slots.end(),
-                                   [&](const CaretPlace& s) { return s.position == slot.position; });
-    if (!known) m_slots.push_back(slot);
+    if (slot.position < 0 || slot.position > m_text.size() || known[size_t(slot.position)]) continue;
+    known[size_t(slot.position)] = true;
+    m_slots.push_back(slot);
   }
   std::stable_sort(m_slots.begin(), m_slots.end(),
                    [](const CaretPlace& a, const CaretPlace& b) { return a.position < b.position; });
@@ -129,7 +129,9 @@ int Formula::PositionAt(QPointF point) const {
     // Across first, then up or down: a slot whose height covers the point wins over one above it.
     const double dy = point.y() < slot.top ? slot.top - point.y()
                     : point.y() > slot.bottom ? point.y() - slot.bottom : 0;
-    const double score = std::abs(point.x() - slot.x) + 2 * dy;
+    // Among places at the same spot the smallest, the innermost, wins: an exponent's start over
+    // its base's end.
+    const double score = std::abs(point.x() - slot.x) + 2 * dy + 0.01 * (slot.bottom - slot.top);
     if (score < bestScore) {
       bestScore = score;
       best = slot.position;

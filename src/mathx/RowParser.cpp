@@ -2,6 +2,7 @@
 
 #include "RowLexer.h"
 
+#include <QHash>
 #include <QRegularExpression>
 
 #include <array>
@@ -72,7 +73,8 @@ std::vector<RowToken> SplitNames(const std::vector<RowToken>& tokens) {
       int best = 1;
       for (const QStringList* list : {&FunctionNames(), &GreekNames()})
         for (const QString& name : *list)
-          if (name.size() > best && QStringView(token.text).mid(i).startsWith(name)) best = int(name.size());
+          if (name[0] == token.text[i] && name.size() > best && QStringView(token.text).mid(i).startsWith(name))
+            best = int(name.size());
       result.push_back({TokenKind::Name, token.text.mid(i, best), token.begin + i, token.begin + i + best});
       i += best;
     }
@@ -505,16 +507,19 @@ bool LooksLikePointList(const std::vector<RowToken>& tokens) {
 }  // namespace
 
 QString GreekLetter(const QString& name) {
-  static const std::pair<const char*, const char*> named[] = {
-      {"theta", "θ"}, {"phi", "φ"},   {"alpha", "α"}, {"beta", "β"},   {"tau", "τ"},
-      {"meu", "μ"},   {"lambda", "λ"}, {"lamda", "λ"}, {"ldmbda", "λ"}, {"rho", "ρ"},
-      {"pi", "π"},    {"gamma", "γ"}, {"delta", "δ"}, {"sigma", "σ"},  {"omega", "ω"},
-      {"epsilon", "ε"}};
-  for (const auto& [spelled, letter] : named)
-    if (name == QLatin1StringView(spelled)) return QString::fromUtf8(letter);
+  static const QHash<QString, QString> named = [] {
+    QHash<QString, QString> table;
+    const std::pair<const char*, const char*> pairs[] = {
+        {"theta", "θ"}, {"phi", "φ"},   {"alpha", "α"}, {"beta", "β"},   {"tau", "τ"},
+        {"meu", "μ"},   {"lambda", "λ"}, {"lamda", "λ"}, {"ldmbda", "λ"}, {"rho", "ρ"},
+        {"pi", "π"},    {"gamma", "γ"}, {"delta", "δ"}, {"sigma", "σ"},  {"omega", "ω"},
+        {"epsilon", "ε"}};
+    for (const auto& [spelled, letter] : pairs) table.insert(QString::fromLatin1(spelled), QString::fromUtf8(letter));
+    return table;
+  }();
   if (name.size() == 7 && name.endsWith(u"..symb")) return SymbolFontLetter(name[0], false);
   if (name.size() == 12 && name.endsWith(u"..var..symb")) return SymbolFontLetter(name[0], true);
-  return {};
+  return named.value(name);
 }
 
 QString CommandPhrase(const QString& keyword) {

@@ -141,7 +141,7 @@ LayoutBox Typesetter::Text(const QString& text, FontRole role, double size, int 
   box.text = text;
   box.font = role;
   box.size = size;
-  box.width = metrics.horizontalAdvance(text);
+  box.width = m_fonts.Advance(role, size, text);
   // An italic letter leans into what follows; a little room keeps it off a bracket.
   if (role == FontRole::Italic) box.width += size * 0.05;
   box.ascent = metrics.ascent() * 0.85;
@@ -151,9 +151,14 @@ LayoutBox Typesetter::Text(const QString& text, FontRole role, double size, int 
   box.verbatim = verbatim;
   if (begin < 0) return box;
   if (verbatim) {
-    for (int i = 0; i <= text.size(); ++i)
-      box.carets.push_back({begin + i, i == text.size() ? box.width : metrics.horizontalAdvance(text.left(i)),
-                           box.ascent, box.descent});
+    // Advances summed character by character: text that is shown one for one has no ligatures
+    // worth the cost of measuring every prefix.
+    double x = 0;
+    for (int i = 0; i < text.size(); ++i) {
+      box.carets.push_back({begin + i, x, box.ascent, box.descent});
+      x += m_fonts.Advance(role, size, QString(text[i]));
+    }
+    box.carets.push_back({begin + int(text.size()), box.width, box.ascent, box.descent});
   } else {
     box.carets.push_back({begin, 0, box.ascent, box.descent});
     box.carets.push_back({end, box.width, box.ascent, box.descent});
@@ -383,7 +388,6 @@ LayoutBox Typesetter::Power(const MathNode& node, double size) const {
   // No slots of its own for the "^": the base's end stands before it, the exponent's start after.
   row.Add(std::move(base));
   exponent.y = -raise;
-  row.Space(size * 0.03);
   row.Add(std::move(exponent));
   return row.Finish();
 }
