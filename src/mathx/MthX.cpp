@@ -62,8 +62,7 @@ void MthX::SetFontSize(double points) {
   m_fontSize = std::clamp(points, 4.0, 200.0);
   const double dpi = logicalDpiY() > 0 ? logicalDpiY() : 96;
   m_formula.SetPixelSize(m_fontSize * dpi / 72.0);
-  m_buffer.SetStops({});
-  TextChanged();
+  Relayout();
 }
 
 QSize MthX::sizeHint() const {
@@ -88,8 +87,8 @@ CaretPlace MthX::CaretPlaceOnScreen() const {
   return place;
 }
 
-// After any change of the text: typeset it, learn its stops, fit the size, tell the forms.
-void MthX::TextChanged() {
+// Typesets the text, learns its stops and fits the size.
+void MthX::Relayout() {
   m_formula.SetText(m_buffer.Text());
   std::vector<int> stops;
   for (const CaretPlace& place : m_formula.Places()) stops.push_back(place.position);
@@ -97,6 +96,11 @@ void MthX::TextChanged() {
   updateGeometry();
   if (!parentWidget() || !parentWidget()->layout()) resize(sizeHint());
   CaretMoved();
+}
+
+// After any change of the text: the new picture first, then the forms are told.
+void MthX::TextChanged() {
+  Relayout();
   emit Change();
 }
 

@@ -68,6 +68,7 @@ private:
   bool Editable() const { return m_editMode == 1; }
   QPointF FormulaTopLeft() const;
   void Edited(bool changed);
+  void Relayout();
   void TextChanged();
   void CaretMoved();
   void Copy();

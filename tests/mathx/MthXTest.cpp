@@ -59,6 +59,12 @@ TEST(MthX, EveryChangeOfTextIsSignalled) {
   EXPECT_EQ(changes.count(), 5);
   e.Key(Qt::Key_Left);
   EXPECT_EQ(changes.count(), 5);
+  // Size, mode and colour are no change of the text.
+  e.widget.SetFontSize(20);
+  e.widget.SetEditMode(0);
+  e.widget.SetEditMode(1);
+  e.widget.SetForeColor(255);
+  EXPECT_EQ(changes.count(), 5);
 }
 
 TEST(MthX, ArrowsHomeEndBackspaceAndDelete) {
