@@ -23,6 +23,9 @@ bool IsOpening(QChar c) { return c == u'(' || c == u'[' || c == u'{'; }
 }  // namespace
 
 void EditBuffer::SetText(const QString& text) {
+  m_undo.clear();
+  m_redo.clear();
+  m_typing = false;
   m_text = text;
   m_caret = m_anchor = int(text.size());
   m_stops = {0, int(text.size())};
@@ -80,6 +83,8 @@ bool EditBuffer::RemoveSelection() {
 }
 
 bool EditBuffer::Insert(const QString& text) {
+  if (text.isEmpty() && !HasSelection()) return false;
+  Remember(text.size() == 1 && !HasSelection());
   const bool removed = RemoveSelection();
   if (text.isEmpty()) return removed;
   m_text.insert(m_caret, text);
@@ -108,16 +113,58 @@ void EditBuffer::EveryPositionAStop() {
 }
 
 bool EditBuffer::Backspace() {
+  if (!HasSelection() && m_caret == 0) return false;
+  Remember(false);
   if (RemoveSelection()) return true;
-  if (m_caret == 0) return false;
   Remove(Previous(m_caret), m_caret);
   return true;
 }
 
 bool EditBuffer::Delete() {
+  if (!HasSelection() && m_caret >= m_text.size()) return false;
+  Remember(false);
   if (RemoveSelection()) return true;
-  if (m_caret >= m_text.size()) return false;
   Remove(m_caret, Next(m_caret));
+  return true;
+}
+
+}  // namespace mathx
+
+namespace mathx {
+
+// Keeps the state before a change. A typed character right after another one joins its step.
+void EditBuffer::Remember(bool typing) {
+  m_redo.clear();
+  if (typing && m_typing && !m_undo.empty()) return;
+  m_typing = typing;
+  m_undo.push_back({m_text, m_caret, m_anchor});
+  // A row's history need not be endless.
+  if (m_undo.size() > 500) m_undo.erase(m_undo.begin());
+}
+
+void EditBuffer::Restore(const State& state) {
+  m_text = state.text;
+  m_caret = std::clamp(state.caret, 0, int(m_text.size()));
+  m_anchor = std::clamp(state.anchor, 0, int(m_text.size()));
+  m_typing = false;
+  EveryPositionAStop();
+}
+
+bool EditBuffer::Undo() {
+  if (m_undo.empty()) return false;
+  m_redo.push_back({m_text, m_caret, m_anchor});
+  const State state = m_undo.back();
+  m_undo.pop_back();
+  Restore(state);
+  return true;
+}
+
+bool EditBuffer::Redo() {
+  if (m_redo.empty()) return false;
+  m_undo.push_back({m_text, m_caret, m_anchor});
+  const State state = m_redo.back();
+  m_redo.pop_back();
+  Restore(state);
   return true;
 }
 

@@ -11,7 +11,7 @@ namespace mathx {
 // between stops, the positions that the typeset picture can show (a name such as "sqrt(" or
 // "q..symb" is one piece, so the caret never stands inside it); typing inserts exactly what was
 // typed. Deleting an opening piece, "(" or "sqrt(", deletes its closing bracket with it, so that
-// a radical or a bracket goes as a whole and its content stays.
+// a radical or a bracket goes as a whole and its content stays. Changes can be undone.
 class EditBuffer {
 public:
   const QString& Text() const { return m_text; }
@@ -39,6 +39,10 @@ public:
   bool Insert(const QString& text);
   bool Backspace();
   bool Delete();
+  // Steps back and forth through the changes since the last SetText; characters typed one after
+  // another are one step.
+  bool Undo();
+  bool Redo();
 
 private:
   int Previous(int position) const;
@@ -46,11 +50,21 @@ private:
   bool RemoveSelection();
   void Remove(int from, int to);
   void EveryPositionAStop();
+  struct State {
+    QString text;
+    int caret = 0;
+    int anchor = 0;
+  };
+  void Remember(bool typing);
+  void Restore(const State& state);
 
   QString m_text;
   std::vector<int> m_stops{0};
   int m_caret = 0;
   int m_anchor = 0;
+  std::vector<State> m_undo;
+  std::vector<State> m_redo;
+  bool m_typing = false;  // the last change was a typed character
 };
 
 }  // namespace mathx

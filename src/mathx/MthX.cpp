@@ -144,6 +144,8 @@ void MthX::keyPressEvent(QKeyEvent* event) {
     Paste();
     return;
   }
+  if (event->matches(QKeySequence::Undo)) return Edited(m_buffer.Undo());
+  if (event->matches(QKeySequence::Redo)) return Edited(m_buffer.Redo());
   if (event->matches(QKeySequence::SelectAll)) {
     m_buffer.SelectAll();
     return CaretMoved();

@@ -122,5 +122,52 @@ TEST(EditBuffer, PositionsOutsideTheTextAreKeptInside) {
   EXPECT_EQ(buffer.Caret(), 2);
 }
 
+TEST(EditBuffer, TypingIsUndoneAsOneStepAndRedone) {
+  EditBuffer buffer;
+  buffer.SetText(QStringLiteral("y="));
+  for (const char* piece : {"x", "^", "2"}) buffer.Insert(QString::fromUtf8(piece));
+  buffer.Backspace();
+  EXPECT_EQ(buffer.Text(), QStringLiteral("y=x^"));
+  EXPECT_TRUE(buffer.Undo());
+  EXPECT_EQ(buffer.Text(), QStringLiteral("y=x^2"));
+  EXPECT_TRUE(buffer.Undo());
+  EXPECT_EQ(buffer.Text(), QStringLiteral("y="));
+  EXPECT_EQ(buffer.Caret(), 2);
+  EXPECT_FALSE(buffer.Undo());
+  EXPECT_TRUE(buffer.Redo());
+  EXPECT_EQ(buffer.Text(), QStringLiteral("y=x^2"));
+  EXPECT_TRUE(buffer.Redo());
+  EXPECT_EQ(buffer.Text(), QStringLiteral("y=x^"));
+  EXPECT_FALSE(buffer.Redo());
+}
+
+TEST(EditBuffer, ANewTextForgetsTheHistory) {
+  EditBuffer buffer;
+  buffer.Insert(QStringLiteral("x"));
+  buffer.SetText(QStringLiteral("y"));
+  EXPECT_FALSE(buffer.Undo());
+  buffer.Insert(QStringLiteral("1"));
+  buffer.Undo();
+  buffer.Insert(QStringLiteral("2"));
+  EXPECT_FALSE(buffer.Redo());
+  EXPECT_EQ(buffer.Text(), QStringLiteral("y2"));
+}
+
+TEST(EditBuffer, PastingAndReplacingAreStepsOfTheirOwn) {
+  EditBuffer buffer;
+  buffer.Insert(QStringLiteral("a"));
+  buffer.Insert(QStringLiteral("+1"));
+  buffer.Insert(QStringLiteral("b"));
+  buffer.SelectAll();
+  buffer.Insert(QStringLiteral("c"));
+  EXPECT_EQ(buffer.Text(), QStringLiteral("c"));
+  buffer.Undo();
+  EXPECT_EQ(buffer.Text(), QStringLiteral("a+1b"));
+  buffer.Undo();
+  EXPECT_EQ(buffer.Text(), QStringLiteral("a+1"));
+  buffer.Undo();
+  EXPECT_EQ(buffer.Text(), QStringLiteral("a"));
+}
+
 }  // namespace
 }  // namespace mathx

@@ -126,6 +126,17 @@ TEST(MthX, ShiftSelectsCopyCutAndPaste) {
   EXPECT_EQ(e.widget.Text(), QStringLiteral("r"));
 }
 
+TEST(MthX, UndoAndRedoByTheKeys) {
+  Editor e("y=x");
+  QTest::keyClicks(&e.widget, "+1");
+  QSignalSpy changes(&e.widget, &MthX::Change);
+  e.Key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(e.widget.Text(), QStringLiteral("y=x"));
+  EXPECT_EQ(changes.count(), 1);
+  e.Key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(e.widget.Text(), QStringLiteral("y=x+1"));
+}
+
 TEST(MthX, AClickPutsTheCaretWhereItPoints) {
   Editor e("y=x+123");
   for (int position : {0, 2, 4, 6, 7}) {
