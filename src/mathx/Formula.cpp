@@ -140,6 +140,27 @@ int Formula::PositionAt(QPointF point) const {
   return best;
 }
 
+int Formula::PositionAbove(int position) const { return PositionBeside(position, true); }
+int Formula::PositionBelow(int position) const { return PositionBeside(position, false); }
+
+int Formula::PositionBeside(int position, bool above) const {
+  const CaretPlace from = PlaceOf(position);
+  int best = position;
+  double bestScore = std::numeric_limits<double>::infinity();
+  for (const CaretPlace& place : m_slots) {
+    // Wholly above or below: a place that spans the current one is the same line.
+    const bool beside = above ? place.bottom <= from.top + 0.5 : place.top >= from.bottom - 0.5;
+    if (!beside) continue;
+    const double gap = above ? from.top - place.bottom : place.top - from.bottom;
+    const double score = std::abs(place.x - from.x) + 0.5 * gap;
+    if (score < bestScore) {
+      bestScore = score;
+      best = place.position;
+    }
+  }
+  return best;
+}
+
 std::vector<QRectF> Formula::SelectionRects(int from, int to) const {
   std::vector<QRectF> rects;
   if (from > to) std::swap(from, to);

@@ -55,6 +55,11 @@ public:
   CaretPlace PlaceOf(int position) const;
   // The position whose place is nearest to a point of the picture.
   int PositionAt(QPointF point) const;
+  // The position nearest above or below position's place, as Up and Down move the caret between
+  // a numerator and its denominator or between the lines of a table; position itself when
+  // nothing lies there.
+  int PositionAbove(int position) const;
+  int PositionBelow(int position) const;
   // The rectangles that show the characters from..to as selected.
   std::vector<QRectF> SelectionRects(int from, int to) const;
 
@@ -62,6 +67,7 @@ public:
 
 private:
   void Rebuild();
+  int PositionBeside(int position, bool above) const;
 
   FontSet m_fonts;
   QString m_text;

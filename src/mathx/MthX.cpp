@@ -153,6 +153,8 @@ void MthX::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
     case Qt::Key_Left: m_buffer.Left(shift); return CaretMoved();
     case Qt::Key_Right: m_buffer.Right(shift); return CaretMoved();
+    case Qt::Key_Up: m_buffer.MoveTo(m_formula.PositionAbove(m_buffer.Caret()), shift); return CaretMoved();
+    case Qt::Key_Down: m_buffer.MoveTo(m_formula.PositionBelow(m_buffer.Caret()), shift); return CaretMoved();
     case Qt::Key_Home: m_buffer.Home(shift); return CaretMoved();
     case Qt::Key_End: m_buffer.End(shift); return CaretMoved();
     case Qt::Key_Backspace: return Edited(m_buffer.Backspace());

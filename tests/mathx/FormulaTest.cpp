@@ -61,6 +61,25 @@ TEST(Formula, TheCaretInAFractionIsInItsPart) {
   EXPECT_LT(numerator.bottom, denominator.top + 1);
 }
 
+TEST(Formula, UpAndDownGoBetweenNumeratorAndDenominator) {
+  const Formula formula = Make("(a+b)/(c+d)");
+  // From behind a, down to behind c, and back up.
+  EXPECT_EQ(formula.PositionBelow(2), 8);
+  EXPECT_EQ(formula.PositionAbove(8), 2);
+  EXPECT_EQ(formula.PositionAbove(2), 2);
+  EXPECT_EQ(formula.PositionBelow(8), 8);
+  const Formula line = Make("y=x+1");
+  EXPECT_EQ(line.PositionAbove(3), 3);
+  EXPECT_EQ(line.PositionBelow(3), 3);
+}
+
+TEST(Formula, UpAndDownGoBetweenTheLinesOfATable) {
+  const Formula table = Make("[x,y;1,2;3,4]");
+  // Behind the 1 (position 6): down is behind the 3, up is behind the x.
+  EXPECT_EQ(table.PositionBelow(6), 10);
+  EXPECT_EQ(table.PositionAbove(6), 2);
+}
+
 TEST(Formula, AClickFindsThePlaceUnderIt) {
   for (const char* text : {"y=x^2+1", "y=(x+1)/(x-1)", "[x,y;1,2;3,4]", "y=sqrt(x)+abs(x)", "hello world"}) {
     const Formula formula = Make(text);

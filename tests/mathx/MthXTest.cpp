@@ -149,6 +149,17 @@ TEST(MthX, AClickPutsTheCaretWhereItPoints) {
   EXPECT_EQ(e.widget.SelectedText(), QStringLiteral("x+1"));
 }
 
+TEST(MthX, UpAndDownMoveBetweenTheStoriesOfAFraction) {
+  Editor e("(a+b)/(c+d)");
+  e.Click(e.PlaceOf(2));
+  ASSERT_EQ(e.widget.CaretPosition(), 2);
+  e.Key(Qt::Key_Down);
+  EXPECT_EQ(e.widget.CaretPosition(), 8);
+  e.Key(Qt::Key_Up, Qt::ShiftModifier);
+  EXPECT_EQ(e.widget.CaretPosition(), 2);
+  EXPECT_EQ(e.widget.SelectedText(), QStringLiteral("+b)/(c"));
+}
+
 TEST(MthX, ADragSelects) {
   Editor e("y=x+123");
   const QPoint from = e.PlaceOf(4).toPoint();
