@@ -26,6 +26,9 @@ QFont NumberFont(double scale) {
   return font;
 }
 
+// A number as it is printed: with a true minus sign, which is as wide as the plus and the digits.
+QString Printed(QString label) { return label.replace(u'-', QChar(0x2212)); }
+
 QColor WithAlpha(QColor color, int alpha) {
   color.setAlpha(alpha);
   return color;
@@ -83,7 +86,7 @@ double PlotPainter::XStep(const QFontMetricsF& metrics) const {
   for (int round = 0; round < 3; ++round) {
     double widest = 0;
     for (const double v : {m_view.XMin(), m_view.XMax(), -step, step}) {
-      widest = std::max(widest, metrics.horizontalAdvance(AxisTicks::Label(std::round(v / step) * step, step)));
+      widest = std::max(widest, metrics.horizontalAdvance(Printed(AxisTicks::Label(std::round(v / step) * step, step))));
     }
     step = AxisTicks::StepFor(m_view.XMax() - m_view.XMin(), m_view.Width(), std::max(48.0 * k, widest + 18 * k));
   }
@@ -181,25 +184,27 @@ void PlotPainter::Numbers(QPainter& painter, double xStep, double yStep) const {
   const double labelTop = below ? ax + gap : ax - gap - metrics.height();
   for (const double x : AxisTicks::Values(m_view.XMin(), m_view.XMax(), xStep)) {
     if (x == 0 && m_view.XMin() < 0 && m_view.XMax() > 0) continue;
-    const QString text = AxisTicks::Label(x, xStep);
+    const QString text = Printed(AxisTicks::Label(x, xStep));
     const double width = metrics.horizontalAdvance(text);
     const double left = m_view.ToPixelX(x) - width / 2;
     // A number that would stick out of the picture is left out rather than pushed aside.
     if (left < 1 || left + width > m_view.Width() - 1) continue;
     painter.drawText(QPointF(left, labelTop + metrics.ascent()), text);
   }
-  const bool leftOfAxis = ay - gap - metrics.horizontalAdvance(QStringLiteral("-00.0")) > 0;
+  // Beside the y axis the numbers keep clear of the ticks, which reach out across it.
+  const double side = gap + kTick * m_style.Scale;
+  const bool leftOfAxis = ay - side - metrics.horizontalAdvance(Printed(QStringLiteral("-00.0"))) > 0;
   for (const double y : AxisTicks::Values(m_view.YMin(), m_view.YMax(), yStep)) {
     if (y == 0 && m_view.YMin() < 0 && m_view.YMax() > 0) continue;
-    const QString text = AxisTicks::Label(y, yStep);
+    const QString text = Printed(AxisTicks::Label(y, yStep));
     const double width = metrics.horizontalAdvance(text);
-    const double left = leftOfAxis ? ay - gap - width : ay + gap + 2 * m_style.Scale;
+    const double left = leftOfAxis ? ay - side - width : ay + side;
     const double baseline = m_view.ToPixelY(y) + metrics.ascent() / 2 - 1;
     if (baseline - metrics.ascent() < 1 || baseline + metrics.descent() > m_view.Height() - 1) continue;
     painter.drawText(QPointF(left, baseline), text);
   }
   if (m_view.XMin() < 0 && m_view.XMax() > 0 && m_view.YMin() < 0 && m_view.YMax() > 0) {
-    painter.drawText(QPointF(ay - gap - metrics.horizontalAdvance(QStringLiteral("0")), labelTop + metrics.ascent()),
+    painter.drawText(QPointF(ay - side - metrics.horizontalAdvance(QStringLiteral("0")), labelTop + metrics.ascent()),
                      QStringLiteral("0"));
   }
 }

@@ -310,3 +310,24 @@ TEST(Plot, SharpOnHighDensityScreens) {
   plot.SetDevicePixelRatio(NAN);
   EXPECT_EQ(plot.DevicePixelRatio(), 1);
 }
+
+TEST(Plot, NumbersBesideTheYAxisKeepClearOfItsTicks) {
+  Plot plot = Bare(QSize(400, 400));
+  plot.SetShowAxis(true), plot.SetShowNumbers(true);
+  plot.Redraw();
+  const QImage picture = plot.Picture();
+  // The y axis is the middle column; its ticks reach 4 pixels to the left (5 with their soft
+  // edge). The two columns left of that stay empty wherever a number stands.
+  const int axis = 200;
+  int numberRows = 0;
+  for (int y = 0; y < 400; ++y) {
+    if (std::abs(y - 200) < 3) continue;  // the x axis
+    bool number = false;
+    for (int x = axis - 40; x < axis - 7; ++x) number = number || Inked(picture, x, y);
+    if (!number) continue;
+    ++numberRows;
+    EXPECT_FALSE(Inked(picture, axis - 7, y)) << "row " << y;
+    EXPECT_FALSE(Inked(picture, axis - 6, y)) << "row " << y;
+  }
+  EXPECT_GT(numberRows, 40);
+}
