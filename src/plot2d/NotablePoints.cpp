@@ -132,6 +132,9 @@ void Extrema(Search& search, std::size_t curve, std::vector<NotablePoint>& out) 
       if (!maximum && !minimum) continue;
       const QPointF at = RefinedExtremum(search, curve, piece[i - 1], piece[i], piece[i + 1], maximum);
       out.push_back({at, maximum ? NotablePoint::Kind::Maximum : NotablePoint::Kind::Minimum});
+      // A curve that touches the axis at its turn has a double root there, with no change of
+      // sign for the search of roots to find.
+      if (std::abs(at.y()) <= search.View.YPerPixel() * 1e-6) out.push_back({QPointF(at.x(), 0), NotablePoint::Kind::Root});
     }
   }
 }

@@ -49,6 +49,21 @@ TEST(NotablePoints, RootsOfAnExplicitCurveAreExact) {
   EXPECT_EQ(roots[0].y(), 0);
 }
 
+TEST(NotablePoints, ACurveTouchingTheAxisHasARootAtItsTurn) {
+  struct Case {
+    const char* line;
+    double touch;
+  };
+  for (const auto& [line, touch] : {Case{"y=(x-1)^2", 1}, Case{"y=-(x+2.5)^2", -2.5}, Case{"y=(x-0.3)^2*(x+4)", 0.3}}) {
+    const Plot plot = Drawn({line});
+    const auto roots = Of(Found(plot), Kind::Root);
+    const bool found = std::any_of(roots.begin(), roots.end(), [&](QPointF r) { return std::abs(r.x() - touch) < 1e-6; });
+    EXPECT_TRUE(found) << line;
+  }
+  // Not where the turn stays off the axis.
+  EXPECT_TRUE(Of(Found(Drawn({"y=x^2+0.001"})), Kind::Root).empty());
+}
+
 TEST(NotablePoints, ExtremaAreMaximaAndMinimaRefinedOnTheFunction) {
   const Plot plot = Drawn({"y=sin(x)"});
   const auto points = Found(plot);
