@@ -183,6 +183,34 @@ QPointF RefinedCrossing(Search& search, std::size_t c, std::size_t d, QPointF a1
   return at;
 }
 
+// Where two curves y = f(x) touch without crossing, their difference turns at zero without a
+// change of sign: the crossings of the drawn segments miss it. Looked for at the turns of the
+// difference along the curve's vertices.
+void Touchings(Search& search, std::size_t index, std::vector<NotablePoint>& out) {
+  const Drawing::Curve& first = search.Curves[index];
+  if (!first.Explicit) return;
+  const double tolerance = search.View.YPerPixel() * 1e-6;
+  for (std::size_t other = 0; other < search.Curves.size(); ++other) {
+    const Drawing::Curve& second = search.Curves[other];
+    if (other == index || !second.Explicit) continue;
+    const Function difference = [&](double x) { return first.Explicit(x) - second.Explicit(x); };
+    for (const QPolygonF& piece : first.Pieces) {
+      // The vertices lie on the first curve: one evaluation of the second per vertex.
+      std::vector<double> d(static_cast<std::size_t>(piece.size()));
+      for (qsizetype i = 0; i < piece.size(); ++i) d[std::size_t(i)] = piece[i].y() - second.Explicit(piece[i].x());
+      for (std::size_t i = 1; i + 1 < d.size(); ++i) {
+        if (!(std::abs(d[i]) <= std::abs(d[i - 1]) && std::abs(d[i]) <= std::abs(d[i + 1]))) continue;
+        if ((d[i - 1] < 0) != (d[i + 1] < 0)) continue;  // a crossing, found by the segments
+        // Only turns that come within a few pixels of the other curve can touch it.
+        if (!(std::abs(d[i]) <= 4 * search.View.YPerPixel())) continue;
+        const qsizetype v = static_cast<qsizetype>(i);
+        const double x = Golden(difference, piece[v - 1].x(), piece[v + 1].x(), d[i - 1] < 0);
+        if (std::abs(difference(x)) <= tolerance) out.push_back({QPointF(x, first.Explicit(x)), NotablePoint::Kind::Intersection});
+      }
+    }
+  }
+}
+
 void Intersections(Search& search, std::size_t index, std::vector<NotablePoint>& out) {
   const ViewTransform& view = search.View;
   if (!(view.XMax() > view.XMin())) return;
@@ -221,6 +249,7 @@ std::vector<NotablePoint> FindNotablePoints(const Drawing& drawing, std::size_t 
   Extrema(search, curve, found);
   YIntercepts(search, curve, found);
   Intersections(search, curve, found);
+  Touchings(search, curve, found);
   // In view, and one of each where two lie within a pixel of each other.
   std::vector<NotablePoint> kept;
   for (const NotablePoint& p : found) {

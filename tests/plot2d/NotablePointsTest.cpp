@@ -64,6 +64,23 @@ TEST(NotablePoints, ACurveTouchingTheAxisHasARootAtItsTurn) {
   EXPECT_TRUE(Of(Found(Drawn({"y=x^2+0.001"})), Kind::Root).empty());
 }
 
+TEST(NotablePoints, CurvesThatTouchMeetWhereTheyTouch) {
+  // y = x^2 and its tangent at x = 1.3; and a tangent from below.
+  struct Case {
+    const char* first;
+    const char* second;
+    double x;
+  };
+  for (const auto& [first, second, x] : {Case{"y=x^2", "y=2.6*x-1.69", 1.3}, Case{"y=-x^2+4", "y=5-2*x", 1},
+                                         Case{"y=sin(x)", "y=1", std::numbers::pi / 2}}) {
+    const Plot plot = Drawn({first, second});
+    const auto meets = Of(Found(plot), Kind::Intersection);
+    const bool found = std::any_of(meets.begin(), meets.end(), [&](QPointF p) { return std::abs(p.x() - x) < 1e-6; });
+    EXPECT_TRUE(found) << first << " and " << second;
+  }
+  EXPECT_TRUE(Of(Found(Drawn({"y=x^2", "y=-1"})), Kind::Intersection).empty());
+}
+
 TEST(NotablePoints, ExtremaAreMaximaAndMinimaRefinedOnTheFunction) {
   const Plot plot = Drawn({"y=sin(x)"});
   const auto points = Found(plot);
