@@ -47,16 +47,6 @@ public:
   double Value(int i, int j, int k) const { return m_values[Index(i, j, k)]; }
   Vec3 Point(int i, int j, int k) const { return {m_min.X + i * m_step.X, m_min.Y + j * m_step.Y, m_min.Z + k * m_step.Z}; }
 
-  // The gradient at a grid point by differences, central inside and one-sided at the faces.
-  Vec3 Gradient(int i, int j, int k) const {
-    const auto along = [&](int di, int dj, int dk, int at, double step) {
-      const int lo = at > 0 ? -1 : 0, hi = at < m_cells ? 1 : 0;
-      const double a = Value(i + lo * di, j + lo * dj, k + lo * dk), b = Value(i + hi * di, j + hi * dj, k + hi * dk);
-      return (b - a) / ((hi - lo) * step);
-    };
-    return {along(1, 0, 0, i, m_step.X), along(0, 1, 0, j, m_step.Y), along(0, 0, 1, k, m_step.Z)};
-  }
-
   int Cells() const { return m_cells; }
 
 private:
@@ -65,9 +55,20 @@ private:
   std::vector<double> m_values;
 };
 
+// Cuts each cube into six tetrahedra and each tetrahedron by the surface. A point on a grid
+// edge is made once and shared by every triangle that meets it, so the normals can be the mean of
+// the faces round a point: smooth, and sound where the function's gradient vanishes on the
+// surface (as the heart's does where it meets z = 0).
 class Tetrahedra {
 public:
   Tetrahedra(const Volume& volume, Mesh& mesh) : m_volume(volume), m_mesh(mesh) {}
+
+  // The grid edge of each point of the mesh, with the function's values at its ends.
+  struct Edge {
+    Vec3 From, To;
+    double AtFrom, AtTo;
+  };
+  std::vector<Edge> Edges;
 
   void Cube(int i, int j, int k) {
     std::array<double, 8> value{};
@@ -78,51 +79,160 @@ public:
       inside += value[c] < 0;
     }
     if (inside == 0 || inside == 8) return;
-    m_i = i, m_j = j, m_k = k;
+    if (k != m_k) Layer(k);
+    m_i = i, m_j = j;
     for (const auto& t : kTetrahedra) Tetrahedron(t, value);
   }
 
 private:
+  static constexpr std::uint32_t kNone = UINT32_MAX;
+
+  // The points made on the edges that start in grid layers k and k + 1: the cubes go up layer by
+  // layer, so two layers of edges are all that can still be shared.
+  void Layer(int k) {
+    const std::size_t size = static_cast<std::size_t>(m_volume.Cells() + 1) * static_cast<std::size_t>(m_volume.Cells() + 1) * 8;
+    if (k == m_k + 1) {
+      std::swap(m_layers[0], m_layers[1]);
+      m_layers[1].assign(size, kNone);
+    } else {
+      m_layers[0].assign(size, kNone);
+      m_layers[1].assign(size, kNone);
+    }
+    m_k = k;
+  }
+
+  std::array<int, 3> Grid(int corner) const {
+    const auto& offset = kCorner[static_cast<std::size_t>(corner)];
+    return {m_i + offset[0], m_j + offset[1], m_k + offset[2]};
+  }
+
   // The point where the function changes sign on the edge between corners a and b of the cube.
+  // Every edge of the tetrahedra runs from a grid point to one no lower on any axis, so the lower
+  // point and the direction name it.
   std::uint32_t OnEdge(int a, int b, const std::array<double, 8>& value) {
-    const auto grid = [&](int c) { return std::array<int, 3>{m_i + kCorner[static_cast<std::size_t>(c)][0],
-                                                             m_j + kCorner[static_cast<std::size_t>(c)][1],
-                                                             m_k + kCorner[static_cast<std::size_t>(c)][2]}; };
-    const auto [ai, aj, ak] = grid(a);
-    const auto [bi, bj, bk] = grid(b);
-    const double va = value[static_cast<std::size_t>(a)], vb = value[static_cast<std::size_t>(b)];
-    const double t = va / (va - vb);
-    m_mesh.Positions.push_back(Lerp(m_volume.Point(ai, aj, ak), m_volume.Point(bi, bj, bk), t));
-    m_mesh.Normals.push_back(Normalized(Lerp(m_volume.Gradient(ai, aj, ak), m_volume.Gradient(bi, bj, bk), t)));
-    return static_cast<std::uint32_t>(m_mesh.Positions.size() - 1);
+    std::array<int, 3> p = Grid(a), q = Grid(b);
+    double vp = value[static_cast<std::size_t>(a)], vq = value[static_cast<std::size_t>(b)];
+    if (p[0] > q[0] || p[1] > q[1] || p[2] > q[2]) std::swap(p, q), std::swap(vp, vq);
+    const std::size_t direction = static_cast<std::size_t>((q[0] - p[0]) + 2 * (q[1] - p[1]) + 4 * (q[2] - p[2]));
+    const std::size_t side = static_cast<std::size_t>(m_volume.Cells() + 1);
+    std::vector<std::uint32_t>& layer = m_layers[p[2] == m_k ? 0 : 1];
+    std::uint32_t& vertex = layer[(static_cast<std::size_t>(p[1]) * side + static_cast<std::size_t>(p[0])) * 8 + direction];
+    if (vertex == kNone) {
+      vertex = static_cast<std::uint32_t>(m_mesh.Positions.size());
+      const Vec3 from = m_volume.Point(p[0], p[1], p[2]), to = m_volume.Point(q[0], q[1], q[2]);
+      m_mesh.Positions.push_back(Lerp(from, to, vp / (vp - vq)));
+      Edges.push_back({from, to, vp, vq});
+    }
+    return vertex;
+  }
+
+  // A triangle turned so that it faces from the inside corners to the outside ones.
+  void Add(std::uint32_t a, std::uint32_t b, std::uint32_t c, const Vec3& outwards) {
+    const std::vector<Vec3>& at = m_mesh.Positions;
+    if (Dot(Cross(at[b] - at[a], at[c] - at[a]), outwards) < 0) std::swap(b, c);
+    m_mesh.Triangles.push_back({a, b, c});
   }
 
   void Tetrahedron(const std::array<int, 4>& corners, const std::array<double, 8>& value) {
     std::array<int, 4> in{}, out{};
     int ins = 0, outs = 0;
+    Vec3 inSum{}, outSum{};
     for (const int c : corners) {
-      if (value[static_cast<std::size_t>(c)] < 0) in[static_cast<std::size_t>(ins++)] = c;
-      else out[static_cast<std::size_t>(outs++)] = c;
+      const auto [gi, gj, gk] = Grid(c);
+      const Vec3 point = m_volume.Point(gi, gj, gk);
+      if (value[static_cast<std::size_t>(c)] < 0) {
+        in[static_cast<std::size_t>(ins++)] = c;
+        inSum += point;
+      } else {
+        out[static_cast<std::size_t>(outs++)] = c;
+        outSum += point;
+      }
     }
     if (ins == 0 || outs == 0) return;
+    // From the middle of the inside corners to the middle of the outside ones.
+    const Vec3 outwards = (1.0 / outs) * outSum - (1.0 / ins) * inSum;
     if (ins == 1 || outs == 1) {
       // One corner apart from the other three: a triangle across the edges that meet there.
       const int lone = ins == 1 ? in[0] : out[0];
       const std::array<int, 4>& rest = ins == 1 ? out : in;
-      m_mesh.Triangles.push_back({OnEdge(lone, rest[0], value), OnEdge(lone, rest[1], value), OnEdge(lone, rest[2], value)});
+      Add(OnEdge(lone, rest[0], value), OnEdge(lone, rest[1], value), OnEdge(lone, rest[2], value), outwards);
       return;
     }
     // Two and two: a quadrilateral across the four edges between the pairs, as two triangles.
     const std::uint32_t p = OnEdge(in[0], out[0], value), q = OnEdge(in[0], out[1], value);
     const std::uint32_t r = OnEdge(in[1], out[1], value), s = OnEdge(in[1], out[0], value);
-    m_mesh.Triangles.push_back({p, q, r});
-    m_mesh.Triangles.push_back({p, r, s});
+    Add(p, q, r, outwards);
+    Add(p, r, s, outwards);
   }
 
   const Volume& m_volume;
   Mesh& m_mesh;
-  int m_i = 0, m_j = 0, m_k = 0;
+  std::array<std::vector<std::uint32_t>, 2> m_layers;
+  int m_i = 0, m_j = 0, m_k = -2;
 };
+
+// Moves each point of the mesh onto the surface along its grid edge. The straight line between
+// the values at the ends puts it where a function such as the heart's, a cube near the surface,
+// is far from zero, and the faces then step like contour lines. A few rounds of false position
+// (Illinois, halving where it is slow), all points of a round evaluated as one block, bring the
+// points onto the surface.
+void Refine(const BlockProgram& f, std::vector<Tetrahedra::Edge>& edges, Mesh& mesh) {
+  constexpr int kRounds = 12;
+  constexpr double kSettled = 1e-8;  // of the edge
+  const std::size_t n = edges.size();
+  std::vector<double> t(n), lo(n, 0), hi(n, 1), atLo(n), atHi(n);
+  std::vector<int> side(n, 0);  // which end the last steps replaced, for the Illinois halving
+  std::vector<double> before(n);  // the size of the value at the last point
+  std::vector<std::size_t> active;
+  for (std::size_t i = 0; i < n; ++i) {
+    atLo[i] = edges[i].AtFrom, atHi[i] = edges[i].AtTo;
+    t[i] = atLo[i] / (atLo[i] - atHi[i]);
+    before[i] = std::min(std::abs(atLo[i]), std::abs(atHi[i]));
+    active.push_back(i);
+  }
+  std::vector<double> xs, ys, zs, values;
+  BlockProgram::Inputs inputs{};
+  for (int round = 0; round < kRounds && !active.empty(); ++round) {
+    const std::size_t m = active.size();
+    xs.resize(m), ys.resize(m), zs.resize(m), values.resize(m);
+    for (std::size_t a = 0; a < m; ++a) {
+      const std::size_t i = active[a];
+      const Vec3 p = Lerp(edges[i].From, edges[i].To, t[i]);
+      xs[a] = p.X, ys[a] = p.Y, zs[a] = p.Z;
+    }
+    inputs[static_cast<std::size_t>(Variable::X)] = xs.data();
+    inputs[static_cast<std::size_t>(Variable::Y)] = ys.data();
+    inputs[static_cast<std::size_t>(Variable::Z)] = zs.data();
+    f.Evaluate(inputs, m, values.data());
+    std::size_t kept = 0;
+    for (std::size_t a = 0; a < m; ++a) {
+      const std::size_t i = active[a];
+      const double v = values[a];
+      if (!std::isfinite(v) || v == 0) continue;  // on the surface, or nothing better to know
+      // Keep the end whose sign differs from the new point's; halve the value at an end kept twice.
+      if ((v < 0) == (atLo[i] < 0)) {
+        lo[i] = t[i], atLo[i] = v;
+        if (side[i] == 1) atHi[i] /= 2;
+        side[i] = 1;
+      } else {
+        hi[i] = t[i], atHi[i] = v;
+        if (side[i] == -1) atLo[i] /= 2;
+        side[i] = -1;
+      }
+      // Where the value fell by less than a sixteenth, as at a zero of higher order (the heart's,
+      // where the function is a cube), the next point halves the bracket instead.
+      const double width = hi[i] - lo[i];
+      double next = lo[i] + width * atLo[i] / (atLo[i] - atHi[i]);
+      if ((round >= 2 && std::abs(v) > before[i] / 16) || !std::isfinite(next)) next = lo[i] + width / 2;
+      before[i] = std::abs(v);
+      const double moved = std::abs(next - t[i]);
+      t[i] = std::clamp(next, lo[i], hi[i]);
+      if (moved > kSettled && width > kSettled) active[kept++] = i;
+    }
+    active.resize(kept);
+  }
+  for (std::size_t i = 0; i < n; ++i) mesh.Positions[i] = Lerp(edges[i].From, edges[i].To, t[i]);
+}
 
 }  // namespace
 
@@ -142,6 +252,8 @@ void MeshImplicit(const SurfaceSource& source, const SurfaceRanges& box, int cel
     const int done = 33 + 67 * (k + 1) / cells;
     if (progress && done >= reported + 5) progress(reported = done);
   }
+  Refine(source.Functions[0], tetrahedra.Edges, into);
+  into.ComputeNormals();
 }
 
 Mesh MeshImplicit(const SurfaceSource& source, const SurfaceRanges& box, int cells) {

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include <cmath>
 
 using namespace plot3d;
@@ -23,17 +25,43 @@ TEST(IsoMesher, ASphereIsRoundWithOutwardNormals) {
   ASSERT_EQ(sphere.Normals.size(), sphere.Positions.size());
   for (std::size_t n = 0; n < sphere.Positions.size(); ++n) {
     const Vec3 p = sphere.Positions[n];
-    // Cells of 0.2 and linear interpolation: within a few thousandths of the radius.
-    EXPECT_NEAR(Length(p), 2, 0.01);
-    EXPECT_GT(Dot(sphere.Normals[n], Normalized(p)), 0.99);  // the gradient points outwards
+    EXPECT_NEAR(Length(p), 2, 1e-4);  // a straight line between the values: 2e-3
+    EXPECT_GT(Dot(sphere.Normals[n], Normalized(p)), 0.99);  // outwards, up to the faces' mean
   }
 }
 
-TEST(IsoMesher, AFinerGridIsCloser) {
-  double worst50 = 0, worst100 = 0;
-  for (const Vec3 p : Implicit("x^2+y^2+z^2=4", 50).Positions) worst50 = std::max(worst50, std::abs(Length(p) - 2));
-  for (const Vec3 p : Implicit("x^2+y^2+z^2=4", 100).Positions) worst100 = std::max(worst100, std::abs(Length(p) - 2));
-  EXPECT_LT(worst100, worst50 / 2);
+TEST(IsoMesher, PointsLieOnTheSurfaceAtEveryGrid) {
+  // Refined along their grid edges, not where a straight line between the values would put them.
+  for (const int cells : {20, 50, 100}) {
+    double worst = 0;
+    for (const Vec3 p : Implicit("x^2+y^2+z^2=4", cells).Positions) worst = std::max(worst, std::abs(Length(p) - 2));
+    EXPECT_LT(worst, 1e-4) << cells;
+  }
+  // A function that is a cube near its surface, where the straight line is off by a tenth.
+  for (const Vec3 p : Implicit("(x^2+y^2+z^2-4)^3=0", 40).Positions) EXPECT_NEAR(Length(p), 2, 5e-3);
+}
+
+TEST(IsoMesher, TrianglesShareTheirPoints) {
+  const Mesh sphere = Implicit("x^2+y^2+z^2=4", 40);
+  // On a closed surface each point belongs to about six triangles.
+  EXPECT_LT(sphere.Positions.size() * 3, sphere.Triangles.size() * 2);
+  std::vector<int> uses(sphere.Positions.size(), 0);
+  for (const auto& t : sphere.Triangles)
+    for (const std::uint32_t v : t) ++uses[v];
+  EXPECT_EQ(*std::min_element(uses.begin(), uses.end()) > 0, true);
+}
+
+TEST(IsoMesher, TheHeartIsSmoothWhereItsGradientVanishes) {
+  // On the heart's surface the gradient vanishes where it meets z = 0; the normals must not.
+  SurfaceRanges box;
+  box.XMin = box.YMin = box.ZMin = -1.5, box.XMax = box.YMax = box.ZMax = 1.5;
+  const Mesh heart = Implicit("(x^2+9/4*y^2+z^2-1)^3-x^2*z^3-9/80*y^2*z^3=0", 80, box);
+  std::size_t rough = 0;
+  for (const auto& t : heart.Triangles) {
+    const Vec3 a = heart.Normals[t[0]], b = heart.Normals[t[1]], c = heart.Normals[t[2]];
+    if (std::min({Dot(a, b), Dot(b, c), Dot(a, c)}) < 0.87) ++rough;  // more than 30 degrees apart
+  }
+  EXPECT_LT(rough, heart.Triangles.size() / 200);
 }
 
 TEST(IsoMesher, TheHeartHasASurfaceInsideTheBox) {
