@@ -96,18 +96,39 @@ void SurfaceRenderer::DrawBox(const SurfaceRanges& box, const Camera& camera, QI
   DrawNumbers(painter, box, camera, image.size());
 }
 
+namespace {
+
+// A label before it is placed for good: InView where the point it labels is.
+struct Candidate {
+  SurfaceRenderer::AxisLabel Label;
+  bool InView = true;
+};
+
+constexpr const char* kNames[] = {"x", "y", "z"};
+
+}  // namespace
+
 // For x and y, of the two edges along them on the floor of the box the one whose middle is
-// nearest the viewer; for z, of the four upright edges the one farthest left on the picture, numbered at 1-2-5 steps with its name at the end; the
-// numbers stand off the edge, away from the box's centre.
-void SurfaceRenderer::DrawNumbers(QPainter& painter, const SurfaceRanges& box, const Camera& camera, QSize size) const {
+// nearest the viewer; for z, of the four upright edges the one farthest left on the picture;
+// numbered at 1-2-5 steps with the axis's name at the end.
+std::vector<SurfaceRenderer::AxisLabel> SurfaceRenderer::AxisLabels(const SurfaceRanges& box, const Camera& camera,
+                                                                     QSize size, const QFont& font) {
   const double lows[] = {box.XMin, box.YMin, box.ZMin}, highs[] = {box.XMax, box.YMax, box.ZMax};
   const Camera::Projected centre = camera.Project(
       {(box.XMin + box.XMax) / 2, (box.YMin + box.YMax) / 2, (box.ZMin + box.ZMax) / 2}, box, size);
-  QFont font = painter.font();
-  font.setPixelSize(std::clamp(std::min(size.width(), size.height()) / 40, 8, 14));
-  painter.setFont(font);
-  painter.setPen(QColor(60, 60, 60));
-  const char* names[] = {"x", "y", "z"};
+  QFont bold = font;
+  bold.setBold(true);
+  const QFontMetricsF metrics(font), boldMetrics(bold);
+  // Where a label goes: off the edge, away from the centre of the box, by about a line's height.
+  const auto place = [&](const Camera::Projected& at, const QString& text, bool name) {
+    QPointF away(at.X - centre.X, at.Y - centre.Y);
+    const double length = std::hypot(away.x(), away.y());
+    away = length > 0 ? away / length * (metrics.height() * 0.9) : QPointF(0, metrics.height());
+    const double width = (name ? boldMetrics : metrics).horizontalAdvance(text);
+    const QRectF rect(at.X + away.x() - width / 2, at.Y + away.y() - metrics.height() / 2, width, metrics.height());
+    return Candidate{{text, rect, name}, at.X >= 0 && at.X <= size.width() && at.Y >= 0 && at.Y <= size.height()};
+  };
+  std::vector<Candidate> numbers, names;
   for (int axis = 0; axis < 3; ++axis) {
     const int u = (axis + 1) % 3, v = (axis + 2) % 3;  // the other two axes fix the edge
     const auto point = [&](double along, double a, double b) {
@@ -130,28 +151,43 @@ void SurfaceRenderer::DrawNumbers(QPainter& painter, const SurfaceRanges& box, c
     const Camera::Projected from = point(lows[axis], bestA, bestB), to = point(highs[axis], bestA, bestB);
     const double pixels = std::hypot(to.X - from.X, to.Y - from.Y);
     const double step = plot2d::AxisTicks::StepFor(range, std::max(pixels, 1.0), 45);
-    const QFontMetricsF metrics(font);
-    const auto label = [&](const Camera::Projected& at, const QString& text) {
-      // Off the edge, away from the centre of the box, by about a line's height.
-      QPointF away(at.X - centre.X, at.Y - centre.Y);
-      const double length = std::hypot(away.x(), away.y());
-      away = length > 0 ? away / length * (metrics.height() * 0.9) : QPointF(0, metrics.height());
-      const QRectF rect = metrics.boundingRect(text);
-      // Kept inside the picture, where a zoomed box would put it over the edge.
-      const double x = std::clamp(at.X + away.x() - rect.width() / 2, 2.0, std::max(2.0, size.width() - rect.width() - 2));
-      const double y = std::clamp(at.Y + away.y() + metrics.ascent() / 2, metrics.ascent() + 2, std::max(metrics.ascent() + 2, size.height() - metrics.descent() - 2));
-      painter.drawText(QPointF(x, y), text);
-    };
-    for (const double value : plot2d::AxisTicks::Values(lows[axis], highs[axis], step)) {
-      label(point(value, bestA, bestB), plot2d::AxisTicks::Label(value, step));
-    }
-    const Camera::Projected end = point(highs[axis] + range * 0.12, bestA, bestB);
-    QFont bold = font;
-    bold.setBold(true);
-    painter.setFont(bold);
-    label(end, QString::fromLatin1(names[axis]));
-    painter.setFont(font);
+    for (const double value : plot2d::AxisTicks::Values(lows[axis], highs[axis], step))
+      numbers.push_back(place(point(value, bestA, bestB), plot2d::AxisTicks::Label(value, step), false));
+    names.push_back(place(point(highs[axis] + range * 0.12, bestA, bestB), QString::fromLatin1(kNames[axis]), true));
   }
+  // The names first, kept inside the picture; then the numbers whose place on their edge is in
+  // view and that leave the labels before them clear. A zoomed box puts edges out of view, and
+  // numbers pushed inside would pile up at the border.
+  std::vector<AxisLabel> placed;
+  const QRectF inside(2, 2, size.width() - 4, size.height() - 4);
+  const auto take = [&](Candidate candidate) {
+    QRectF& rect = candidate.Label.Rect;
+    if (candidate.Label.Name) {
+      rect.moveLeft(std::clamp(rect.left(), inside.left(), std::max(inside.left(), inside.right() - rect.width())));
+      rect.moveTop(std::clamp(rect.top(), inside.top(), std::max(inside.top(), inside.bottom() - rect.height())));
+    } else if (!candidate.InView || !inside.contains(rect)) {
+      return;
+    }
+    const QRectF clear = rect.adjusted(-2, -1, 2, 1);
+    if (std::any_of(placed.begin(), placed.end(), [&](const AxisLabel& l) { return l.Rect.intersects(clear); })) return;
+    placed.push_back(candidate.Label);
+  };
+  for (const Candidate& name : names) take(name);
+  for (const Candidate& number : numbers) take(number);
+  return placed;
+}
+
+void SurfaceRenderer::DrawNumbers(QPainter& painter, const SurfaceRanges& box, const Camera& camera, QSize size) const {
+  QFont font = painter.font();
+  font.setPixelSize(std::clamp(std::min(size.width(), size.height()) / 40, 8, 14));
+  painter.setPen(QColor(60, 60, 60));
+  for (const AxisLabel& label : AxisLabels(box, camera, size, font)) {
+    QFont face = font;
+    face.setBold(label.Name);
+    painter.setFont(face);
+    painter.drawText(label.Rect, Qt::AlignCenter, label.Text);
+  }
+  painter.setFont(font);
 }
 
 // The edges of the mesh, darkening the surface where they are not hidden: each edge is stepped

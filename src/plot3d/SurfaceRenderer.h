@@ -5,7 +5,10 @@
 #include "Mesh.h"
 
 #include <QColor>
+#include <QFont>
 #include <QImage>
+#include <QRectF>
+#include <QString>
 #include <QPainter>
 
 #include <vector>
@@ -18,6 +21,16 @@ namespace plot3d {
 // numbers of each axis along the edge nearest the viewer.
 class SurfaceRenderer {
 public:
+  // An axis number or name as the picture shows it: its text and the rectangle it fills.
+  struct AxisLabel {
+    QString Text;
+    QRectF Rect;
+    bool Name = false;
+  };
+  // The numbers and names of the box's axes for a picture of size, in font: the names kept
+  // inside the picture, the numbers where their point of the edge is in view, none over another.
+  static std::vector<AxisLabel> AxisLabels(const SurfaceRanges& box, const Camera& camera, QSize size, const QFont& font);
+
   struct Options {
     QColor Background = Qt::white;
     bool MeshLines = false;

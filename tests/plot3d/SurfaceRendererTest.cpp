@@ -102,3 +102,26 @@ TEST(SurfaceRenderer, AMeshFromTheMesherRenders) {
   EXPECT_GT(coloured, 400 * 300 / 10);
   if (qEnvironmentVariableIsSet("QUILLOGRAPH_SAVE_PICTURES")) image.save("/tmp/surface.png");
 }
+
+TEST(SurfaceRenderer, AxisLabelsStayInThePictureAndApart) {
+  plot3d::SurfaceRanges box;
+  QFont font;
+  font.setPixelSize(9);  // as the renderer sets it for this size
+  for (const double zoom : {0.25, 1.0, 2.0, 3.0}) {
+    plot3d::Camera camera;
+    camera.Zoom = zoom;
+    const QSize size(480, 360);
+    const auto labels = plot3d::SurfaceRenderer::AxisLabels(box, camera, size, font);
+    int names = 0;
+    for (std::size_t i = 0; i < labels.size(); ++i) {
+      names += labels[i].Name;
+      EXPECT_TRUE(QRectF(0, 0, size.width(), size.height()).contains(labels[i].Rect)) << zoom << " " << labels[i].Text.toStdString();
+      for (std::size_t j = 0; j < i; ++j) EXPECT_FALSE(labels[i].Rect.intersects(labels[j].Rect)) << zoom;
+    }
+    EXPECT_EQ(names, 3) << zoom;
+    // The whole box in view at its usual size: the names and numbers along each axis.
+    if (zoom == 1) {
+      EXPECT_GE(labels.size(), 9u);
+    }
+  }
+}
