@@ -1,8 +1,8 @@
 #include "RowParser.h"
 
 #include "RowLexer.h"
+#include "RowNames.h"
 
-#include <QHash>
 #include <QRegularExpression>
 
 #include <array>
@@ -18,32 +18,6 @@ using TokenKind = RowToken::Kind;
 // Deeper nesting than this is shown as plain text; it keeps the recursion of the parser and of
 // the layout short.
 constexpr int kMaxDepth = 120;
-
-const QStringList& FunctionNames() {
-  static const QStringList names = {
-      "asinh", "acosh", "atanh", "acsch", "asech", "acoth", "asin", "acos", "atan", "acsc", "asec",
-      "acot",  "sinh",  "cosh",  "tanh",  "csch",  "sech",  "coth", "sin",  "cos",  "tan",  "csc",
-      "sec",   "cot",   "rnd",   "abs",   "xlog",  "sqrt",  "sqr",  "log10", "ln",  "deg",  "log",
-      "exp",   "int",   "fact",  "fix",   "sgn",   "xroot", "const", "declare", "domain"};
-  return names;
-}
-
-const QStringList& GreekNames() {
-  static const QStringList names = {"theta", "phi",   "alpha", "beta",  "tau",   "meu",     "lambda",
-                                    "lamda", "rho",   "pi",    "gamma", "delta", "sigma",   "omega",
-                                    "epsilon", "ldmbda"};
-  return names;
-}
-
-// The editor writes Greek letters with the letters of the classic symbol font: q is theta.
-QString SymbolFontLetter(QChar latin, bool variant) {
-  static const QString latins = "abcdefghijklmnopqrstuvwxyz";
-  static const QString greeks = QString::fromUtf8("αβχδεϕγηιφκλμνοπθρστυϖωξψζ");
-  const qsizetype at = latins.indexOf(latin);
-  if (at < 0) return {};
-  if (latin == u'f') return variant ? QString::fromUtf8("φ") : QString::fromUtf8("ϕ");
-  return greeks.mid(at, 1);
-}
 
 struct ParseFailure {};
 
@@ -505,42 +479,6 @@ bool LooksLikePointList(const std::vector<RowToken>& tokens) {
 }
 
 }  // namespace
-
-QString GreekLetter(const QString& name) {
-  static const QHash<QString, QString> named = [] {
-    QHash<QString, QString> table;
-    const std::pair<const char*, const char*> pairs[] = {
-        {"theta", "θ"}, {"phi", "φ"},   {"alpha", "α"}, {"beta", "β"},   {"tau", "τ"},
-        {"meu", "μ"},   {"lambda", "λ"}, {"lamda", "λ"}, {"ldmbda", "λ"}, {"rho", "ρ"},
-        {"pi", "π"},    {"gamma", "γ"}, {"delta", "δ"}, {"sigma", "σ"},  {"omega", "ω"},
-        {"epsilon", "ε"}};
-    for (const auto& [spelled, letter] : pairs) table.insert(QString::fromLatin1(spelled), QString::fromUtf8(letter));
-    return table;
-  }();
-  if (name.size() == 7 && name.endsWith(u"..symb")) return SymbolFontLetter(name[0], false);
-  if (name.size() == 12 && name.endsWith(u"..var..symb")) return SymbolFontLetter(name[0], true);
-  return named.value(name);
-}
-
-QString CommandPhrase(const QString& keyword) {
-  static const std::pair<const char*, const char*> phrases[] = {
-      {"showaxis", "show axis"},
-      {"hideaxis", "hide axis"},
-      {"showgrid", "show grid"},
-      {"hidegrid", "hide grid"},
-      {"shownumbers", "show numbers"},
-      {"hidenumbers", "hide numbers"},
-      {"showouterframe", "show outer frame"},
-      {"hideouterframe", "hide outer frame"},
-      {"showtips", "show tips"},
-      {"hidetips", "hide tips"},
-      {"transparentbackground", "transparent background"},
-      {"opaquebackground", "opaque background"},
-      {"enterfullscreen", "enter full screen"}};
-  for (const auto& [word, phrase] : phrases)
-    if (keyword == QLatin1StringView(word)) return QString::fromLatin1(phrase);
-  return keyword;
-}
 
 MathNode ParseRow(const QString& text) {
   if (text.startsWith(u"command")) return CommandRow(text).value_or(Plain(text));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MathNode.h"
+#include "RowNames.h"
 
 #include <QString>
 
@@ -12,13 +13,5 @@ namespace mathx {
 // placeholder. Anything else that does not parse comes back as one PlainText node holding the
 // whole text. Never throws.
 MathNode ParseRow(const QString& text);
-
-// The Greek letter for a spelled-out name ("theta", "pi") or an editor symbol ("q..symb"), or an
-// empty text.
-QString GreekLetter(const QString& name);
-
-// The readable form of a display command's keyword ("showgrid" -> "show grid"); a keyword that
-// is no display command comes back as it stands.
-QString CommandPhrase(const QString& keyword);
 
 }  // namespace mathx

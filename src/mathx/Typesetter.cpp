@@ -296,9 +296,10 @@ LayoutBox Typesetter::Binary(const MathNode& node, double size) const {
       if (right.kind == Kind::Number || (left.kind == Kind::Number && right.kind == Kind::Unary))
         row.Add(Operator(QString::fromUtf8("·"), size, mark, kThin * 0.7, kThin * 0.7));
       else {
-        row.Hidden(mark);
+        // The star itself is the thin space: the caret stands before or after it.
+        row.Slot(mark.begin);
         row.Space(kThin * size);
-        row.Hidden(mark);
+        row.Slot(mark.end);
       }
     } else if ((left.kind == Kind::Number && right.kind == Kind::Number) ||
                ((right.kind == Kind::Call || right.kind == Kind::Word) && right.text != u"declare")) {
