@@ -71,8 +71,8 @@ bool IsCompact(const MathNode& node) {
     case Kind::Number: case Kind::Variable: case Kind::Greek: case Kind::Word: case Kind::Call:
     case Kind::Group: case Kind::Power: case Kind::Radical: case Kind::Abs: case Kind::Placeholder:
       return true;
-    case Kind::Binary: return node.ops == QStringList{"/"} && IsCompact(node.children[0]) && IsCompact(node.children[1]);
     case Kind::Unary: return node.text == u"!" || IsCompact(node.children[0]);
+    // Nor a quotient: x/2/3 stacked three high would not say which bar is the main one.
     default: return false;
   }
 }

@@ -53,6 +53,12 @@ TEST(Typesetter, AFractionsBracketsAreLeftOut) {
   EXPECT_TRUE(WithText(box, ")").empty());
 }
 
+TEST(Typesetter, AChainOfQuotientsIsNotStacked) {
+  const LayoutBox box = Typeset("y=x/2/3");
+  EXPECT_EQ(WithRole(box, Role::FractionBar).size(), 1u);
+  EXPECT_EQ(WithText(box, "/").size(), 1u);
+}
+
 TEST(Typesetter, QuotientsOfLongTermsAndInExponentsStayOnTheLine) {
   EXPECT_TRUE(WithRole(Typeset("y=x+1/x-1"), Role::FractionBar).size() == 1u);
   EXPECT_TRUE(WithRole(Typeset("y=e^(-x^2/2)"), Role::FractionBar).empty());
