@@ -234,6 +234,28 @@ void Refine(const BlockProgram& f, std::vector<Tetrahedra::Edge>& edges, Mesh& m
   for (std::size_t i = 0; i < n; ++i) mesh.Positions[i] = Lerp(edges[i].From, edges[i].To, t[i]);
 }
 
+// The mesh lines of an implicit surface: where it crosses the planes of the grid, the edges
+// whose two points lie in one such plane. All of its triangles' edges would cover the surface
+// with a fine felt of tetrahedra.
+void GridPlaneLines(Mesh& mesh) {
+  const std::vector<Vec3>& at = mesh.Positions;
+  // An edge between two triangles comes twice; as one number each it is quickly sorted out.
+  std::vector<std::uint64_t> keys;
+  for (const auto& t : mesh.Triangles) {
+    for (int e = 0; e < 3; ++e) {
+      std::uint32_t a = t[static_cast<std::size_t>(e)], b = t[static_cast<std::size_t>((e + 1) % 3)];
+      // Points on grid edges in one plane keep that plane's coordinate exactly.
+      if (at[a].X != at[b].X && at[a].Y != at[b].Y && at[a].Z != at[b].Z) continue;
+      if (a > b) std::swap(a, b);
+      keys.push_back(static_cast<std::uint64_t>(a) << 32 | b);
+    }
+  }
+  std::sort(keys.begin(), keys.end());
+  keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
+  mesh.Lines.reserve(keys.size());
+  for (const std::uint64_t key : keys) mesh.Lines.push_back({static_cast<std::uint32_t>(key >> 32), static_cast<std::uint32_t>(key)});
+}
+
 }  // namespace
 
 void MeshImplicit(const SurfaceSource& source, const SurfaceRanges& box, int cells, Mesh& into,
@@ -254,6 +276,7 @@ void MeshImplicit(const SurfaceSource& source, const SurfaceRanges& box, int cel
   }
   Refine(source.Functions[0], tetrahedra.Edges, into);
   into.ComputeNormals();
+  GridPlaneLines(into);
 }
 
 Mesh MeshImplicit(const SurfaceSource& source, const SurfaceRanges& box, int cells) {

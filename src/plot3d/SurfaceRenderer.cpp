@@ -210,6 +210,10 @@ void SurfaceRenderer::DrawMeshLines(const Mesh& mesh, QImage& image) const {
       pixel = qRgb(qRed(pixel) * 3 / 4, qGreen(pixel) * 3 / 4, qBlue(pixel) * 3 / 4);
     }
   };
+  if (!mesh.Lines.empty()) {
+    for (const auto& line : mesh.Lines) edge(m_vertices[line[0]], m_vertices[line[1]]);
+    return;
+  }
   for (const auto& t : mesh.Triangles) {
     edge(m_vertices[t[0]], m_vertices[t[1]]);
     edge(m_vertices[t[1]], m_vertices[t[2]]);

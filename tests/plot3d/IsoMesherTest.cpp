@@ -51,6 +51,20 @@ TEST(IsoMesher, TrianglesShareTheirPoints) {
   EXPECT_EQ(*std::min_element(uses.begin(), uses.end()) > 0, true);
 }
 
+TEST(IsoMesher, MeshLinesAreWhereTheSurfaceCrossesTheGridPlanes) {
+  const Mesh sphere = Implicit("x^2+y^2+z^2=4", 40);
+  ASSERT_FALSE(sphere.Lines.empty());
+  for (const auto& [a, b] : sphere.Lines) {
+    const Vec3 p = sphere.Positions[a], q = sphere.Positions[b];
+    EXPECT_TRUE(p.X == q.X || p.Y == q.Y || p.Z == q.Z);
+  }
+  // Far fewer than the triangles' edges, and each once.
+  EXPECT_LT(sphere.Lines.size(), sphere.Triangles.size());
+  auto lines = sphere.Lines;
+  std::sort(lines.begin(), lines.end());
+  EXPECT_EQ(std::adjacent_find(lines.begin(), lines.end()), lines.end());
+}
+
 TEST(IsoMesher, TheHeartIsSmoothWhereItsGradientVanishes) {
   // On the heart's surface the gradient vanishes where it meets z = 0; the normals must not.
   SurfaceRanges box;
