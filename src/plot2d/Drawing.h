@@ -42,10 +42,13 @@ struct Drawing {
     QColor Color;
     bool Filled = true;
   };
+  // A text set over the picture, in the middle between At and Under (the top and the bottom of
+  // what it describes), clear of the x axis and its numbers.
   struct Label {
     QPointF At;
     QString Text;
     QColor Color;
+    QPointF Under;
   };
 
   std::vector<Fill> Fills;

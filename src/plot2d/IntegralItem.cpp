@@ -59,10 +59,19 @@ void IntegralItem::Draw(const ViewTransform& view, int quality, Drawing& drawing
   QColor fill = m_color;
   fill.setAlpha(90);
   drawing.Fills.push_back({path, fill});
-  const double middle = (low + high) / 2;
-  const double height = m_top.At(middle) - (m_hasSecond ? m_bottom.At(middle) : 0);
-  const double labelY = std::isfinite(height) ? (m_hasSecond ? m_bottom.At(middle) : 0) + height / 2 : 0;
-  drawing.Labels.push_back({QPointF(middle, labelY), Text(), m_color.darker(160)});
+  // The value in the tallest column of the shaded part in view, where it has the most room.
+  size_t tallest = xs.size() / 2;
+  double tallestHeight = -1;
+  const auto clipped = [&](double y) { return std::clamp(y, view.YMin(), view.YMax()); };
+  for (size_t i = 0; i < xs.size(); ++i) {
+    if (!std::isfinite(top[i]) || !std::isfinite(bottom[i])) continue;
+    const double height = std::abs(clipped(top[i]) - clipped(bottom[i]));
+    if (height > tallestHeight) tallestHeight = height, tallest = i;
+  }
+  const double x = xs[tallest];
+  const double upper = tallestHeight >= 0 ? clipped(std::max(top[tallest], bottom[tallest])) : 0;
+  const double lower = tallestHeight >= 0 ? clipped(std::min(top[tallest], bottom[tallest])) : 0;
+  drawing.Labels.push_back({QPointF(x, upper), Text(), m_color.darker(160), QPointF(x, lower)});
 }
 
 }  // namespace plot2d

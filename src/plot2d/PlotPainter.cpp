@@ -292,17 +292,26 @@ void PlotPainter::Labels(QPainter& painter, const Drawing& drawing) const {
   const QFontMetricsF metrics(painter.font());
   for (const Drawing::Label& label : drawing.Labels) {
     const QPointF at = m_view.ToPixel(label.At.x(), label.At.y());
+    const QPointF under = m_view.ToPixel(label.Under.x(), label.Under.y());
     if (!std::isfinite(at.x()) || !std::isfinite(at.y())) continue;
-    const double width = metrics.horizontalAdvance(label.Text);
+    const double width = metrics.horizontalAdvance(Printed(label.Text));
     const double pad = 4 * m_style.Scale;
-    QRectF box(at.x() - width / 2 - pad, at.y() - metrics.height() / 2 - pad / 2, width + 2 * pad, metrics.height() + pad);
+    QRectF box(at.x() - width / 2 - pad, 0, width + 2 * pad, metrics.height() + pad);
+    box.moveCenter(QPointF(box.center().x(), std::isfinite(under.y()) ? (at.y() + under.y()) / 2 : at.y()));
+    // Off the x axis and its numbers, to the side where the middle lies.
+    const double axis = XAxisPixel();
+    const double reach = metrics.height() + 2 * kLabelGap * m_style.Scale;
+    if (box.bottom() > axis - reach && box.top() < axis + reach) {
+      if (box.center().y() < axis) box.moveBottom(axis - reach);
+      else box.moveTop(axis + reach);
+    }
     box.moveLeft(std::clamp(box.left(), 2.0, m_view.Width() - box.width() - 2));
     box.moveTop(std::clamp(box.top(), 2.0, m_view.Height() - box.height() - 2));
     painter.setPen(Qt::NoPen);
     painter.setBrush(WithAlpha(Qt::white, 210));
     painter.drawRoundedRect(box, 3 * m_style.Scale, 3 * m_style.Scale);
     painter.setPen(label.Color);
-    painter.drawText(box, Qt::AlignCenter, label.Text);
+    painter.drawText(box, Qt::AlignCenter, Printed(label.Text));
   }
 }
 

@@ -331,3 +331,30 @@ TEST(Plot, NumbersBesideTheYAxisKeepClearOfItsTicks) {
   }
   EXPECT_GT(numberRows, 40);
 }
+
+TEST(Plot, AnIntegralsValueStandsInItsTallestColumn) {
+  Plot plot = Bare(QSize(400, 400));
+  bool second = false;
+  QString none;
+  plot.AddIntegral("x^2", 0, 4, kRed, second, none);
+  plot.Redraw();
+  ASSERT_EQ(plot.LastDrawing().Labels.size(), 1u);
+  const auto& label = plot.LastDrawing().Labels[0];
+  // x^2 leaves the view at 3.16: from there on every column is as tall as the view allows.
+  EXPECT_GT(label.At.x(), 3.1);
+  EXPECT_LE(label.At.x(), 4);
+  EXPECT_EQ(label.At.y(), 10);
+  EXPECT_EQ(label.Under.y(), 0);
+}
+
+TEST(Plot, AnIntegralsValueLeavesTheAxisClear) {
+  // sin from -6 to -1 has its middle near the axis; the value goes off it.
+  Plot plot = Bare(QSize(400, 400));
+  plot.SetShowAxis(true), plot.SetShowNumbers(true);
+  bool second = false;
+  QString none;
+  plot.AddIntegral("sin(x)", -6, -1, kRed, second, none);
+  plot.Redraw();
+  const QImage picture = plot.Picture();
+  for (int x = 2; x < 398; ++x) EXPECT_LT(picture.pixelColor(x, 200).lightness(), 200) << "column " << x;
+}
