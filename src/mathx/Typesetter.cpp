@@ -99,6 +99,20 @@ QString RelationGlyph(const QString& op) {
   return op;
 }
 
+// A filled bar: a fraction bar, a radical's line, a table's lines. Placed by its centre line.
+LayoutBox Bar(double x, double y, double width, double height, Role role, SourceRange source) {
+  LayoutBox bar;
+  bar.kind = BoxKind::Rule;
+  bar.role = role;
+  bar.x = x;
+  bar.y = y;
+  bar.width = width;
+  bar.ascent = bar.descent = height / 2;
+  bar.sourceBegin = source.begin;
+  bar.sourceEnd = source.end;
+  return bar;
+}
+
 // The height of a box without its content: what a bracket round it needs to know.
 LayoutBox Extent(const LayoutBox& box) {
   LayoutBox extent;
@@ -342,16 +356,7 @@ LayoutBox Typesetter::Fraction(const MathNode& node, double size) const {
   denominator.role = Role::Denominator;
   denominator.x = pad + (inner - denominator.width) / 2;
   denominator.y = -axis + thickness / 2 + gap + denominator.ascent;
-  LayoutBox bar;
-  bar.kind = BoxKind::Rule;
-  bar.role = Role::FractionBar;
-  bar.x = 0;
-  bar.y = -axis;
-  bar.width = box.width;
-  bar.ascent = thickness / 2;
-  bar.descent = thickness / 2;
-  bar.sourceBegin = node.begin;
-  bar.sourceEnd = node.end;
+  LayoutBox bar = Bar(0, -axis, box.width, thickness, Role::FractionBar, {node.begin, node.end});
   box.ascent = -numerator.y + numerator.ascent;
   box.descent = denominator.y + denominator.descent;
   // The "/" stands between the parts: its carets go to the end of the numerator and the start
@@ -434,14 +439,8 @@ LayoutBox Typesetter::Radical(const MathNode& node, double size) const {
   sign.thickness = thickness;
   sign.sourceBegin = node.begin;
   sign.sourceEnd = node.end;
-  LayoutBox line;
-  line.kind = BoxKind::Rule;
-  line.x = signX + signWidth;
-  line.width = radicand.width + 2 * pad;
-  line.y = -(radicand.ascent + gap + thickness / 2);
-  line.ascent = line.descent = thickness / 2;
-  line.sourceBegin = node.begin;
-  line.sourceEnd = node.end;
+  LayoutBox line = Bar(signX + signWidth, -(radicand.ascent + gap + thickness / 2), radicand.width + 2 * pad, thickness,
+                       Role::None, {node.begin, node.end});
   radicand.x = signX + signWidth + pad;
 
   box.width = line.x + line.width;
@@ -497,87 +496,73 @@ LayoutBox Typesetter::Domain(const MathNode& node, double size) const {
 LayoutBox Typesetter::Table(const MathNode& node, double size) const {
   // Cells set first, then placed in two columns under the header.
   std::vector<std::array<LayoutBox, 2>> cells;
-  double columns[2] = {size * 0.8, size * 0.8};
+  TableGeometry g{{size * 0.8, size * 0.8}, size * 0.35, size * 0.12, std::max(1.0, size * 0.045)};
   for (const MathNode& row : node.children) {
     std::array<LayoutBox, 2> pair = {Set(row.children[0], size), Set(row.children[1], size)};
-    for (int c = 0; c < 2; ++c) columns[c] = std::max(columns[c], pair[c].width);
+    for (size_t c = 0; c < 2; ++c) g.columns[c] = std::max(g.columns[c], pair[c].width);
     cells.push_back(std::move(pair));
   }
-  const double padX = size * 0.35;
-  const double padY = size * 0.12;
-  const double thickness = std::max(1.0, size * 0.045);
-  const double width = columns[0] + columns[1] + 4 * padX;
-
-  LayoutBox table;
-  table.width = width;
-  double top = 0;  // top of the next line, from the table's top
+  double top = 0;  // the top of the next line, from the table's top
   std::vector<LayoutBox> lines;
   for (size_t r = 0; r < cells.size(); ++r) {
-    LayoutBox line;
-    line.role = r == 0 ? Role::TableHeader : Role::TableRow;
-    line.width = width;
-    for (int c = 0; c < 2; ++c) {
-      line.ascent = std::max(line.ascent, cells[r][c].ascent);
-      line.descent = std::max(line.descent, cells[r][c].descent);
-    }
-    line.ascent += padY;
-    line.descent += padY;
-    for (int c = 0; c < 2; ++c) {
-      LayoutBox cell = std::move(cells[r][c]);
-      cell.role = Role::TableCell;
-      cell.x = padX + c * (columns[0] + 2 * padX) + (columns[c] - cell.width) / 2;
-      line.children.push_back(std::move(cell));
-    }
-    // The comma between the cells and the ";" behind the line: at the end of each cell.
-    const MathNode& source = node.children[r];
-    const LayoutBox& left = line.children[0];
-    const LayoutBox& right = line.children[1];
-    line.carets.push_back({source.marks[0].begin, left.x + left.width, line.ascent, line.descent});
-    line.carets.push_back({source.marks[0].end, right.x, line.ascent, line.descent});
-    line.y = top + line.ascent;
-    top += line.Height();
-    if (r == 0) top += thickness + padY;
-    lines.push_back(std::move(line));
+    lines.push_back(TableLine(node.children[r], std::move(cells[r]), g, r == 0 ? Role::TableHeader : Role::TableRow));
+    lines.back().y = top + lines.back().ascent;
+    top += lines.back().Height() + (r == 0 ? g.rule + g.padY : 0);
   }
   // The table's baseline is that of its first point (or of the header alone).
   const double baseline = lines.size() > 1 ? lines[1].y : lines[0].y;
   for (LayoutBox& line : lines) line.y -= baseline;
+  LayoutBox table;
+  table.width = g.Width();
   table.ascent = baseline;
   table.descent = top - baseline;
-
-  LayoutBox headerRule;
-  headerRule.kind = BoxKind::Rule;
-  headerRule.role = Role::TableRule;
-  headerRule.width = width;
-  headerRule.y = lines[0].y + lines[0].descent + padY / 2 + thickness / 2;
-  headerRule.ascent = headerRule.descent = thickness / 2;
-  LayoutBox columnRule;
-  columnRule.kind = BoxKind::Rule;
-  columnRule.role = Role::TableRule;
-  columnRule.x = columns[0] + 2 * padX - thickness / 2;
-  columnRule.width = thickness;
-  columnRule.ascent = table.ascent;
-  columnRule.descent = table.descent;
-  for (LayoutBox* rule : {&headerRule, &columnRule}) {
-    rule->sourceBegin = node.begin;
-    rule->sourceEnd = node.end;
-  }
-  // The brackets stand at the table's ends; each ";" at the end of the line before it.
-  table.carets.push_back({node.begin, 0, table.ascent, table.descent});
-  const SourceRange open = node.marks.front();
-  table.carets.push_back({open.end, lines[0].children[0].x, lines[0].ascent - lines[0].y, lines[0].descent + lines[0].y});
-  for (size_t s = 1; s + 1 < node.marks.size(); ++s) {
-    const LayoutBox& before = lines[s - 1];
-    const LayoutBox& after = lines[s];
-    const LayoutBox& last = before.children[1];
-    table.carets.push_back({node.marks[s].begin, last.x + last.width, before.ascent - before.y, before.descent + before.y});
-    table.carets.push_back({node.marks[s].end, after.children[0].x, after.ascent - after.y, after.descent + after.y});
-  }
-  table.carets.push_back({node.end, width, table.ascent, table.descent});
+  TableCarets(node, lines, table);
+  const SourceRange source{node.begin, node.end};
+  const double underHeader = lines[0].y + lines[0].descent + g.padY / 2 + g.rule / 2;
   for (LayoutBox& line : lines) table.children.push_back(std::move(line));
-  table.children.push_back(std::move(headerRule));
-  table.children.push_back(std::move(columnRule));
+  table.children.push_back(Bar(0, underHeader, table.width, g.rule, Role::TableRule, source));
+  LayoutBox column = Bar(g.columns[0] + 2 * g.padX - g.rule / 2, 0, g.rule, 0, Role::TableRule, source);
+  column.ascent = table.ascent, column.descent = table.descent;
+  table.children.push_back(std::move(column));
   return table;
+}
+
+// One line of a point list: its two cells centred in their columns. The comma between them
+// stands at the end of the first cell and before the second.
+LayoutBox Typesetter::TableLine(const MathNode& row, std::array<LayoutBox, 2> cells, const TableGeometry& g, Role role) const {
+  LayoutBox line;
+  line.role = role;
+  line.width = g.Width();
+  for (const LayoutBox& cell : cells) {
+    line.ascent = std::max(line.ascent, cell.ascent + g.padY);
+    line.descent = std::max(line.descent, cell.descent + g.padY);
+  }
+  for (size_t c = 0; c < 2; ++c) {
+    LayoutBox& cell = cells[c];
+    cell.role = Role::TableCell;
+    cell.x = g.padX + double(c) * (g.columns[0] + 2 * g.padX) + (g.columns[c] - cell.width) / 2;
+    line.children.push_back(std::move(cell));
+  }
+  const LayoutBox& left = line.children[0];
+  line.carets.push_back({row.marks[0].begin, left.x + left.width, line.ascent, line.descent});
+  line.carets.push_back({row.marks[0].end, line.children[1].x, line.ascent, line.descent});
+  return line;
+}
+
+// The brackets stand at the table's ends; each ";" at the end of the line before it and before
+// the first cell of the line after it.
+void Typesetter::TableCarets(const MathNode& node, const std::vector<LayoutBox>& lines, LayoutBox& table) const {
+  const auto in = [](const LayoutBox& line, int position, double x) {
+    return CaretSlot{position, x, line.ascent - line.y, line.descent + line.y};
+  };
+  table.carets.push_back({node.begin, 0, table.ascent, table.descent});
+  table.carets.push_back(in(lines[0], node.marks.front().end, lines[0].children[0].x));
+  for (size_t s = 1; s + 1 < node.marks.size(); ++s) {
+    const LayoutBox& last = lines[s - 1].children[1];
+    table.carets.push_back(in(lines[s - 1], node.marks[s].begin, last.x + last.width));
+    table.carets.push_back(in(lines[s], node.marks[s].end, lines[s].children[0].x));
+  }
+  table.carets.push_back({node.end, table.width, table.ascent, table.descent});
 }
 
 LayoutBox Typesetter::Command(const MathNode& node, double size) const {

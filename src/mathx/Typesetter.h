@@ -4,6 +4,9 @@
 #include "LayoutBox.h"
 #include "MathNode.h"
 
+#include <array>
+#include <vector>
+
 namespace mathx {
 
 // Sets a parsed row as a mathematician writes it: powers raised, built-up fractions, radicals,
@@ -39,6 +42,17 @@ private:
   LayoutBox Declare(const MathNode& node, double size) const;
   LayoutBox Domain(const MathNode& node, double size) const;
   LayoutBox Table(const MathNode& node, double size) const;
+  // The measures of a point list: its two columns' widths, the cells' padding, the lines' width.
+  struct TableGeometry {
+    std::array<double, 2> columns;
+    double padX = 0;
+    double padY = 0;
+    double rule = 0;
+    double Width() const { return columns[0] + columns[1] + 4 * padX; }
+  };
+  LayoutBox TableLine(const MathNode& row, std::array<LayoutBox, 2> cells, const TableGeometry& g,
+                      LayoutBox::Role role) const;
+  void TableCarets(const MathNode& node, const std::vector<LayoutBox>& lines, LayoutBox& table) const;
   LayoutBox Command(const MathNode& node, double size) const;
   LayoutBox Placeholder(const MathNode& node, double size) const;
 
