@@ -47,6 +47,14 @@ void CollectSelection(const LayoutBox& box, QPointF origin, int from, int to, co
   for (const LayoutBox& child : box.children) CollectSelection(child, at, from, to, fonts, rects);
 }
 
+// The innermost box with characters of its own that covers point; deeper boxes win.
+void FindPiece(const LayoutBox& box, QPointF origin, QPointF point, std::optional<std::pair<int, int>>& found) {
+  const QPointF at(origin.x() + box.x, origin.y() + box.y);
+  const QRectF rect(at.x(), at.y() - box.ascent, box.width, box.Height());
+  if (box.sourceBegin >= 0 && box.sourceEnd > box.sourceBegin && rect.contains(point)) found = {box.sourceBegin, box.sourceEnd};
+  for (const LayoutBox& child : box.children) FindPiece(child, at, point, found);
+}
+
 }  // namespace
 
 Formula::Formula() { Rebuild(); }
@@ -159,6 +167,12 @@ int Formula::PositionBeside(int position, bool above) const {
     }
   }
   return best;
+}
+
+std::optional<std::pair<int, int>> Formula::PieceAt(QPointF point) const {
+  std::optional<std::pair<int, int>> found;
+  FindPiece(m_box, Origin(), point, found);
+  return found;
 }
 
 std::vector<QRectF> Formula::SelectionRects(int from, int to) const {

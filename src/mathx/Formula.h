@@ -11,6 +11,8 @@
 #include <QSizeF>
 #include <QString>
 
+#include <optional>
+#include <utility>
 #include <vector>
 
 class QPainter;
@@ -60,6 +62,9 @@ public:
   // nothing lies there.
   int PositionAbove(int position) const;
   int PositionBelow(int position) const;
+  // The characters shown by the innermost box under a point (a number, a name, a sign; a
+  // fraction's bar or a radical's sign stands for the whole of it), or nothing there.
+  std::optional<std::pair<int, int>> PieceAt(QPointF point) const;
   // The rectangles that show the characters from..to as selected.
   std::vector<QRectF> SelectionRects(int from, int to) const;
 

@@ -189,9 +189,16 @@ void MthX::mouseReleaseEvent(QMouseEvent* event) {
   QWidget::mouseReleaseEvent(event);
 }
 
+// A double click selects the piece under the pointer (a number, a name; on a fraction's bar the
+// whole fraction), or everything where there is none.
 void MthX::mouseDoubleClickEvent(QMouseEvent* event) {
   if (!Editable()) return QWidget::mouseDoubleClickEvent(event);
-  m_buffer.SelectAll();
+  if (const auto piece = m_formula.PieceAt(event->position() - FormulaTopLeft())) {
+    m_buffer.MoveTo(piece->first, false);
+    m_buffer.MoveTo(piece->second, true);
+  } else {
+    m_buffer.SelectAll();
+  }
   CaretMoved();
 }
 

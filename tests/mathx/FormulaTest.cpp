@@ -112,6 +112,22 @@ TEST(Formula, SelectionCoversTheSelectedCharacters) {
   EXPECT_TRUE(formula.SelectionRects(3, 3).empty());
 }
 
+TEST(Formula, APieceIsFoundUnderThePointer) {
+  const Formula formula = Make("y=123+sin(x)");
+  const auto middleOf = [&](int from, int to) {
+    const CaretPlace a = formula.PlaceOf(from), b = formula.PlaceOf(to);
+    return QPointF((a.x + b.x) / 2, (a.top + a.bottom) / 2);
+  };
+  EXPECT_EQ(formula.PieceAt(middleOf(2, 5)), std::make_pair(2, 5));  // the whole number
+  EXPECT_EQ(formula.PieceAt(middleOf(6, 9)), std::make_pair(6, 9));  // the name
+  EXPECT_EQ(formula.PieceAt(QPointF(-50, -50)), std::nullopt);
+  // On a fraction's bar, the whole fraction.
+  const Formula fraction = Make("(a+b)/(c+d)");
+  const CaretPlace end = fraction.PlaceOf(11), start = fraction.PlaceOf(0);
+  const double barY = fraction.Origin().y() - 0.27 * 20;
+  EXPECT_EQ(fraction.PieceAt(QPointF((start.x + end.x) / 2, barY)), std::make_pair(0, 11));
+}
+
 TEST(Formula, AnEmptyTextHasTheHeightOfALine) {
   const Formula empty = Make("");
   const Formula line = Make("y=x");

@@ -160,6 +160,13 @@ TEST(MthX, UpAndDownMoveBetweenTheStoriesOfAFraction) {
   EXPECT_EQ(e.widget.SelectedText(), QStringLiteral("+b)/(c"));
 }
 
+TEST(MthX, ADoubleClickSelectsThePieceUnderThePointer) {
+  Editor e("y=123+x");
+  const QPointF middle = (e.PlaceOf(2) + e.PlaceOf(5)) / 2;
+  QTest::mouseDClick(&e.widget, Qt::LeftButton, Qt::NoModifier, middle.toPoint());
+  EXPECT_EQ(e.widget.SelectedText(), QStringLiteral("123"));
+}
+
 TEST(MthX, ADragSelects) {
   Editor e("y=x+123");
   const QPoint from = e.PlaceOf(4).toPoint();
