@@ -178,7 +178,7 @@ private:
 // points onto the surface.
 void Refine(const BlockProgram& f, std::vector<Tetrahedra::Edge>& edges, Mesh& mesh) {
   constexpr int kRounds = 12;
-  constexpr double kSettled = 1e-8;  // of the edge
+  constexpr double kSettled = 1e-5;  // of the edge: far below a pixel at any grid
   const std::size_t n = edges.size();
   std::vector<double> t(n), lo(n, 0), hi(n, 1), atLo(n), atHi(n);
   std::vector<int> side(n, 0);  // which end the last steps replaced, for the Illinois halving
@@ -208,7 +208,10 @@ void Refine(const BlockProgram& f, std::vector<Tetrahedra::Edge>& edges, Mesh& m
     for (std::size_t a = 0; a < m; ++a) {
       const std::size_t i = active[a];
       const double v = values[a];
-      if (!std::isfinite(v) || v == 0) continue;  // on the surface, or nothing better to know
+      // On the surface, as near as the values can tell, or nothing better to know.
+      if (!std::isfinite(v) || std::abs(v) <= 1e-7 * std::max(std::abs(edges[i].AtFrom), std::abs(edges[i].AtTo))) {
+        continue;
+      }
       // Keep the end whose sign differs from the new point's; halve the value at an end kept twice.
       if ((v < 0) == (atLo[i] < 0)) {
         lo[i] = t[i], atLo[i] = v;
