@@ -1,5 +1,7 @@
 #include "IsoMesher.h"
 
+#include "plot2d/Parallel.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -18,27 +20,39 @@ constexpr std::array<std::array<int, 3>, 8> kCorner{{{0, 0, 0}, {1, 0, 0}, {1, 1
 constexpr std::array<std::array<int, 4>, 6> kTetrahedra{{{0, 5, 1, 6}, {0, 1, 2, 6}, {0, 2, 3, 6},
                                                          {0, 3, 7, 6}, {0, 7, 4, 6}, {0, 4, 5, 6}}};
 
+// f at n points given by their coordinates, the work shared among the cores.
+void EvaluateAt(const BlockProgram& f, const double* xs, const double* ys, const double* zs, std::size_t n, double* out) {
+  constexpr std::size_t kChunk = 16384;
+  plot2d::ParallelFor((n + kChunk - 1) / kChunk, [&](std::size_t chunk) {
+    const std::size_t from = chunk * kChunk;
+    BlockProgram::Inputs inputs{};
+    inputs[static_cast<std::size_t>(Variable::X)] = xs + from;
+    inputs[static_cast<std::size_t>(Variable::Y)] = ys + from;
+    inputs[static_cast<std::size_t>(Variable::Z)] = zs + from;
+    f.Evaluate(inputs, std::min(kChunk, n - from), out + from);
+  });
+}
+
 class Volume {
 public:
   Volume(const BlockProgram& f, const SurfaceRanges& box, int cells) : m_cells(cells), m_side(cells + 1) {
     m_min = {box.XMin, box.YMin, box.ZMin};
     m_step = {(box.XMax - box.XMin) / cells, (box.YMax - box.YMin) / cells, (box.ZMax - box.ZMin) / cells};
-    const std::size_t count = static_cast<std::size_t>(m_side) * m_side * m_side;
-    std::vector<double> xs(count), ys(count), zs(count);
-    for (int k = 0; k < m_side; ++k) {
-      for (int j = 0; j < m_side; ++j) {
-        for (int i = 0; i < m_side; ++i) {
-          const std::size_t n = Index(i, j, k);
-          xs[n] = m_min.X + i * m_step.X, ys[n] = m_min.Y + j * m_step.Y, zs[n] = m_min.Z + k * m_step.Z;
-        }
-      }
+    // Layer by layer, the layers shared among the cores: x and y are the same in every layer.
+    const std::size_t layer = static_cast<std::size_t>(m_side) * static_cast<std::size_t>(m_side);
+    std::vector<double> xs(layer), ys(layer);
+    for (int j = 0; j < m_side; ++j) {
+      for (int i = 0; i < m_side; ++i) xs[Index(i, j, 0)] = m_min.X + i * m_step.X, ys[Index(i, j, 0)] = m_min.Y + j * m_step.Y;
     }
-    BlockProgram::Inputs inputs{};
-    inputs[static_cast<std::size_t>(Variable::X)] = xs.data();
-    inputs[static_cast<std::size_t>(Variable::Y)] = ys.data();
-    inputs[static_cast<std::size_t>(Variable::Z)] = zs.data();
-    m_values.resize(count);
-    f.Evaluate(inputs, count, m_values.data());
+    m_values.resize(layer * static_cast<std::size_t>(m_side));
+    plot2d::ParallelFor(static_cast<std::size_t>(m_side), [&](std::size_t k) {
+      const std::vector<double> zs(layer, m_min.Z + static_cast<double>(k) * m_step.Z);
+      BlockProgram::Inputs inputs{};
+      inputs[static_cast<std::size_t>(Variable::X)] = xs.data();
+      inputs[static_cast<std::size_t>(Variable::Y)] = ys.data();
+      inputs[static_cast<std::size_t>(Variable::Z)] = zs.data();
+      f.Evaluate(inputs, layer, m_values.data() + k * layer);
+    });
   }
 
   std::size_t Index(int i, int j, int k) const {
@@ -191,7 +205,6 @@ void Refine(const BlockProgram& f, std::vector<Tetrahedra::Edge>& edges, Mesh& m
     active.push_back(i);
   }
   std::vector<double> xs, ys, zs, values;
-  BlockProgram::Inputs inputs{};
   for (int round = 0; round < kRounds && !active.empty(); ++round) {
     const std::size_t m = active.size();
     xs.resize(m), ys.resize(m), zs.resize(m), values.resize(m);
@@ -200,10 +213,7 @@ void Refine(const BlockProgram& f, std::vector<Tetrahedra::Edge>& edges, Mesh& m
       const Vec3 p = Lerp(edges[i].From, edges[i].To, t[i]);
       xs[a] = p.X, ys[a] = p.Y, zs[a] = p.Z;
     }
-    inputs[static_cast<std::size_t>(Variable::X)] = xs.data();
-    inputs[static_cast<std::size_t>(Variable::Y)] = ys.data();
-    inputs[static_cast<std::size_t>(Variable::Z)] = zs.data();
-    f.Evaluate(inputs, m, values.data());
+    EvaluateAt(f, xs.data(), ys.data(), zs.data(), m, values.data());
     std::size_t kept = 0;
     for (std::size_t a = 0; a < m; ++a) {
       const std::size_t i = active[a];
