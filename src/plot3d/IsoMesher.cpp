@@ -272,12 +272,12 @@ void GridPlaneLines(Mesh& mesh) {
 }  // namespace
 
 void MeshImplicit(const SurfaceSource& source, const SurfaceRanges& box, int cells, Mesh& into,
-                  const std::function<void(int)>& progress) {
+                  const std::function<bool(int)>& progress) {
   into.Clear();
   if (!source.Ok() || source.Kind != SurfaceKind::Implicit || cells < 1) return;
   if (!(box.XMax > box.XMin && box.YMax > box.YMin && box.ZMax > box.ZMin)) return;
   const Volume volume(source.Functions[0], box, cells);  // about a third of the work
-  if (progress) progress(33);
+  if (progress && !progress(33)) return;
   Tetrahedra tetrahedra(volume, into);
   int reported = 33;
   for (int k = 0; k < cells; ++k) {
@@ -285,7 +285,7 @@ void MeshImplicit(const SurfaceSource& source, const SurfaceRanges& box, int cel
       for (int i = 0; i < cells; ++i) tetrahedra.Cube(i, j, k);
     }
     const int done = 33 + 67 * (k + 1) / cells;
-    if (progress && done >= reported + 5) progress(reported = done);
+    if (progress && done >= reported + 5 && !progress(reported = done)) return into.Clear();
   }
   Refine(source.Functions[0], tetrahedra.Edges, into);
   into.ComputeNormals();

@@ -29,12 +29,17 @@ void Plot3D::Redraw() {
     m_mesh.Clear();
   } else if (source.Kind == SurfaceKind::Implicit) {
     // The mesh's share of the work is most of it: its progress is reported as 0 to 90.
-    const std::function<void(int)> meshed = [this](int percent) {
+    const std::function<bool(int)> meshed = [this](int percent) {
       if (OnProgress) OnProgress(percent * 9 / 10);
+      return !(Cancelled && Cancelled());
     };
     MeshImplicit(source, m_ranges, ImplicitCells(), m_mesh, meshed);
   } else {
     MeshOnGrid(source, m_ranges, GridSteps(m_gridCount), m_mesh);
+  }
+  if (Cancelled && Cancelled()) {
+    m_mesh.Clear();
+    return;
   }
   if (OnProgress) OnProgress(90);
   Refresh();

@@ -87,6 +87,9 @@ public:
   // Called with 0 to 100 while a surface is computed, and when it is drawn.
   std::function<void(int)> OnProgress;
   std::function<void()> OnFinished;
+  // Asked now and then during Redraw; true stops it, leaving no surface, no picture and no
+  // OnFinished: a newer surface is on its way.
+  std::function<bool()> Cancelled;
 
 private:
   // Points per side of the implicit grid: finer than the grid kinds', as cubes cost more.

@@ -19,9 +19,12 @@ constexpr double kWheelStep = 1.15;     // the zoom's factor for one notch
 
 Plot3DWidget::Plot3DWidget(QWidget* parent) : QWidget(parent) { setAttribute(Qt::WA_OpaquePaintEvent); }
 
-// A surface still being computed is waited for: the worker holds no pointer to the widget, but
-// its result is delivered to it.
-Plot3DWidget::~Plot3DWidget() {
+// A surface still being computed is stopped and waited for: the worker holds no pointer to the
+// widget, but its result is delivered to it.
+Plot3DWidget::~Plot3DWidget() { StopWork(); }
+
+void Plot3DWidget::StopWork() {
+  if (m_cancel) m_cancel->store(true);
   if (m_work.valid()) m_work.wait();
 }
 
@@ -32,9 +35,11 @@ void Plot3DWidget::Prepare3D() {
 }
 
 void Plot3DWidget::Redraw() {
-  if (m_work.valid()) m_work.wait();  // the earlier surface is replaced by this one
+  StopWork();  // the earlier surface is replaced by this one
   const std::uint64_t generation = ++m_generation;
+  m_cancel = std::make_shared<std::atomic<bool>>(false);
   Plot3D work = m_plot;
+  work.Cancelled = [cancel = m_cancel] { return cancel->load(); };
   work.SetSize(size());
   work.SetDevicePixelRatio(devicePixelRatioF());
   work.OnFinished = nullptr;
@@ -54,6 +59,7 @@ void Plot3DWidget::Computed(std::uint64_t generation) {
   const Camera view = m_plot.View();
   m_plot = m_work.get();
   m_plot.OnProgress = nullptr;
+  m_plot.Cancelled = nullptr;
   m_plot.View() = view;
   Refresh();
   emit Finished();

@@ -6,12 +6,15 @@
 #include <QPointF>
 #include <QWidget>
 
+#include <atomic>
 #include <future>
+#include <memory>
 
 namespace plot3d {
 
 // The surface plot on the screen. Redraw computes the mesh on a worker thread and returns at once;
-// the last picture stays, and follows the turns and zooms, until the new surface is ready. A left
+// the last picture stays, and follows the turns and zooms, until the new surface is ready. A
+// Redraw while a surface is still being computed stops that one. A left
 // drag turns the box (across: about the vertical axis; up and down: the tilt), the wheel zooms.
 class Plot3DWidget : public QWidget {
   Q_OBJECT
@@ -43,9 +46,11 @@ protected:
 
 private:
   void Computed(std::uint64_t generation);
+  void StopWork();
 
   Plot3D m_plot;
   std::future<Plot3D> m_work;
+  std::shared_ptr<std::atomic<bool>> m_cancel;  // tells the surface being computed to stop
   std::uint64_t m_generation = 0;
   bool m_dragging = false;
   QPointF m_lastPointer;

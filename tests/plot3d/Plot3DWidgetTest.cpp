@@ -47,6 +47,41 @@ TEST(Plot3DWidget, RedrawComputesAwayAndThenShowsTheSurface) {
   EXPECT_FALSE(s.widget.Computing());
 }
 
+TEST(Plot3DWidget, ANewRedrawStopsTheSurfaceStillBeingComputed) {
+  Shown s("sin(x*y)+cos(y*z)+sin(z*x)=0.5", 4);
+  s.widget.Scene().SetGridCount(6);
+  QSignalSpy finished(&s.widget, &Plot3DWidget::Finished);
+  QSignalSpy progress(&s.widget, &Plot3DWidget::Progress);
+  s.widget.Redraw();
+  // Let the first surface get under way, then ask for another.
+  ASSERT_TRUE(progress.wait(10000));
+  s.widget.Scene().SetEquation("x^2+y^2+z^2=4");
+  s.widget.Scene().SetGridCount(1);
+  s.widget.Redraw();
+  ASSERT_TRUE(finished.wait(10000));
+  QTest::qWait(50);
+  EXPECT_EQ(finished.count(), 1);
+  EXPECT_EQ(s.widget.Scene().Equation(), QStringLiteral("x^2+y^2+z^2=4"));
+  // The sphere's points, not the first surface's.
+  for (const plot3d::Vec3 p : s.widget.Scene().Surface().Positions) ASSERT_NEAR(plot3d::Length(p), 2, 1e-3);
+}
+
+TEST(Plot3D, ACancelledRedrawLeavesNoSurfaceAndFinishesNothing) {
+  plot3d::Plot3D plot;
+  plot.SetEquation("x^2+y^2+z^2=4");
+  plot.SetFunctionKind(4);
+  int finished = 0;
+  plot.OnFinished = [&] { ++finished; };
+  plot.Cancelled = [] { return true; };
+  plot.Redraw();
+  EXPECT_TRUE(plot.Surface().Empty());
+  EXPECT_EQ(finished, 0);
+  plot.Cancelled = nullptr;
+  plot.Redraw();
+  EXPECT_FALSE(plot.Surface().Empty());
+  EXPECT_EQ(finished, 1);
+}
+
 TEST(Plot3DWidget, ALargeSurfaceDoesNotHoldUpTheWindow) {
   Shown s("(x^2+9/4*y^2+z^2-1)^3-x^2*z^3-9/80*y^2*z^3=0", 4);
   s.widget.Scene().SetGridCount(6);  // the finest implicit grid
