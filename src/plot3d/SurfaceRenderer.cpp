@@ -1,6 +1,7 @@
 #include "SurfaceRenderer.h"
 
 #include "plot2d/AxisTicks.h"
+#include "plot2d/Parallel.h"
 
 #include <QPainter>
 
@@ -32,7 +33,7 @@ void SurfaceRenderer::Shade(const Mesh& mesh, const SurfaceRanges& box, const Ca
     if (std::isfinite(p.Z)) low = std::min(low, p.Z), high = std::max(high, p.Z);
   }
   m_vertices.resize(mesh.Positions.size());
-  for (std::size_t i = 0; i < mesh.Positions.size(); ++i) {
+  const auto shade = [&](std::size_t i) {
     const Vec3 p = mesh.Positions[i];
     const Camera::Projected s = camera.Project(p, box, size);
     const Vec3 n = i < mesh.Normals.size() ? camera.ToView(mesh.Normals[i]) : Vec3{0, 0, 1};
@@ -42,22 +43,30 @@ void SurfaceRenderer::Shade(const Mesh& mesh, const SurfaceRanges& box, const Ca
     m_vertices[i] = {static_cast<float>(s.X), static_cast<float>(s.Y), static_cast<float>(s.Depth),
                      static_cast<float>(qRed(c)) * brightness, static_cast<float>(qGreen(c)) * brightness,
                      static_cast<float>(qBlue(c)) * brightness};
-  }
+  };
+  // In chunks, shared among the cores.
+  constexpr std::size_t kChunk = 8192;
+  const std::size_t count = mesh.Positions.size();
+  plot2d::ParallelFor((count + kChunk - 1) / kChunk, [&](std::size_t chunk) {
+    for (std::size_t i = chunk * kChunk; i < std::min(count, (chunk + 1) * kChunk); ++i) shade(i);
+  });
 }
 
 // One triangle by its edge functions over its bounding box, pixel centres inside (or on a top or
 // left edge) filled where nearer than what is there.
-void SurfaceRenderer::Fill(const ScreenVertex& a, const ScreenVertex& b, const ScreenVertex& c, QImage& image) {
+void SurfaceRenderer::Fill(const ScreenVertex& a, const ScreenVertex& b, const ScreenVertex& c, const Band& band) {
+  const float top = std::min({a.Y, b.Y, c.Y}), bottom = std::max({a.Y, b.Y, c.Y});
+  if (!(bottom >= static_cast<float>(band.first)) || !(top <= static_cast<float>(band.last) + 1)) return;
   const float area = (b.X - a.X) * (c.Y - a.Y) - (b.Y - a.Y) * (c.X - a.X);
   if (!(std::abs(area) > 1e-12f)) return;
-  const int width = image.width(), height = image.height();
+  const int width = band.width;
   const int x0 = std::max(0, static_cast<int>(std::floor(std::min({a.X, b.X, c.X}))));
   const int x1 = std::min(width - 1, static_cast<int>(std::ceil(std::max({a.X, b.X, c.X}))));
-  const int y0 = std::max(0, static_cast<int>(std::floor(std::min({a.Y, b.Y, c.Y}))));
-  const int y1 = std::min(height - 1, static_cast<int>(std::ceil(std::max({a.Y, b.Y, c.Y}))));
+  const int y0 = std::max(band.first, static_cast<int>(std::floor(top)));
+  const int y1 = std::min(band.last, static_cast<int>(std::ceil(bottom)));
   const float inverse = 1 / area;
   for (int y = y0; y <= y1; ++y) {
-    auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
+    auto* line = reinterpret_cast<QRgb*>(band.bits + static_cast<qsizetype>(y) * band.stride);
     float* depth = m_depth.data() + static_cast<std::size_t>(y) * static_cast<std::size_t>(width);
     const float py = static_cast<float>(y) + 0.5f;
     for (int x = x0; x <= x1; ++x) {
@@ -229,7 +238,15 @@ void SurfaceRenderer::Render(const Mesh& mesh, const SurfaceRanges& box, const C
   m_depth.assign(static_cast<std::size_t>(image.width()) * static_cast<std::size_t>(image.height()),
                  -std::numeric_limits<float>::infinity());
   Shade(mesh, box, camera, image.size());
-  for (const auto& t : mesh.Triangles) Fill(m_vertices[t[0]], m_vertices[t[1]], m_vertices[t[2]], image);
+  // In bands of rows, shared among the cores: each band takes every triangle that reaches it.
+  constexpr int kBands = 8;
+  uchar* bits = image.bits();  // detached once, here, before the threads write
+  const int rows = image.height();
+  plot2d::ParallelFor(kBands, [&](std::size_t b) {
+    const int first = static_cast<int>(b) * rows / kBands, last = (static_cast<int>(b) + 1) * rows / kBands - 1;
+    const Band band{bits, image.bytesPerLine(), image.width(), first, last};
+    for (const auto& t : mesh.Triangles) Fill(m_vertices[t[0]], m_vertices[t[1]], m_vertices[t[2]], band);
+  });
   if (options.MeshLines) DrawMeshLines(mesh, image);
   if (options.Box) DrawBox(box, camera, image);
 }

@@ -51,7 +51,16 @@ private:
     float R, G, B;
   };
   void Shade(const Mesh& mesh, const SurfaceRanges& box, const Camera& camera, QSize size);
-  void Fill(const ScreenVertex& a, const ScreenVertex& b, const ScreenVertex& c, QImage& image);
+  // The rows first to last of the picture (pixels from bits, lines of stride bytes) that a
+  // thread fills, with the depth buffer's rows beside them.
+  struct Band {
+    uchar* bits;
+    qsizetype stride;
+    int width;
+    int first;
+    int last;
+  };
+  void Fill(const ScreenVertex& a, const ScreenVertex& b, const ScreenVertex& c, const Band& band);
   void DrawBox(const SurfaceRanges& box, const Camera& camera, QImage& image) const;
   void DrawNumbers(QPainter& painter, const SurfaceRanges& box, const Camera& camera, QSize size) const;
   void DrawMeshLines(const Mesh& mesh, QImage& image) const;
