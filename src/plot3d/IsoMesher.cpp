@@ -185,66 +185,75 @@ private:
   int m_i = 0, m_j = 0, m_k = -2;
 };
 
-// Moves each point of the mesh onto the surface along its grid edge. The straight line between
-// the values at the ends puts it where a function such as the heart's, a cube near the surface,
-// is far from zero, and the faces then step like contour lines. A few rounds of false position
-// (Illinois, halving where it is slow), all points of a round evaluated as one block, bring the
-// points onto the surface.
-void Refine(const BlockProgram& f, std::vector<Tetrahedra::Edge>& edges, Mesh& mesh) {
-  constexpr int kRounds = 12;
-  constexpr double kSettled = 1e-5;  // of the edge: far below a pixel at any grid
-  const std::size_t n = edges.size();
-  std::vector<double> t(n), lo(n, 0), hi(n, 1), atLo(n), atHi(n);
-  std::vector<int> side(n, 0);  // which end the last steps replaced, for the Illinois halving
-  std::vector<double> before(n);  // the size of the value at the last point
-  std::vector<std::size_t> active;
-  for (std::size_t i = 0; i < n; ++i) {
-    atLo[i] = edges[i].AtFrom, atHi[i] = edges[i].AtTo;
-    t[i] = atLo[i] / (atLo[i] - atHi[i]);
-    before[i] = std::min(std::abs(atLo[i]), std::abs(atHi[i]));
-    active.push_back(i);
+// The search for the zero of f along one grid edge, by its parameter t from 0 (From) to 1 (To):
+// false position with the Illinois halving, and bisection where the value falls slowly, as at a
+// zero of higher order (the heart's, where the function is a cube near the surface).
+class EdgeSearch {
+public:
+  explicit EdgeSearch(const Tetrahedra::Edge& edge)
+      : m_atLo(edge.AtFrom), m_atHi(edge.AtTo), m_before(std::min(std::abs(edge.AtFrom), std::abs(edge.AtTo))),
+        m_scale(std::max(std::abs(edge.AtFrom), std::abs(edge.AtTo))) {
+    m_t = m_atLo / (m_atLo - m_atHi);
   }
+
+  double T() const { return m_t; }
+
+  // Takes the value at T() and moves T(); false once the zero is found as near as it matters.
+  bool Step(double v, int round) {
+    constexpr double kSettled = 1e-5;  // of the edge: far below a pixel at any grid
+    if (!std::isfinite(v) || std::abs(v) <= 1e-7 * m_scale) return false;
+    // Keep the end whose sign differs from the new point's; halve the value at an end kept twice.
+    if ((v < 0) == (m_atLo < 0)) {
+      m_lo = m_t, m_atLo = v;
+      if (m_replaced == 1) m_atHi /= 2;
+      m_replaced = 1;
+    } else {
+      m_hi = m_t, m_atHi = v;
+      if (m_replaced == -1) m_atLo /= 2;
+      m_replaced = -1;
+    }
+    const double width = m_hi - m_lo;
+    double next = m_lo + width * m_atLo / (m_atLo - m_atHi);
+    if ((round >= 2 && std::abs(v) > m_before / 16) || !std::isfinite(next)) next = m_lo + width / 2;
+    m_before = std::abs(v);
+    const double moved = std::abs(next - m_t);
+    m_t = std::clamp(next, m_lo, m_hi);
+    return moved > kSettled && width > kSettled;
+  }
+
+private:
+  double m_t = 0.5, m_lo = 0, m_hi = 1;
+  double m_atLo, m_atHi;
+  double m_before;  // the size of the value at the last point
+  double m_scale;   // the values' size at the ends
+  int m_replaced = 0;  // which end the last step replaced
+};
+
+// Moves each point of the mesh onto the surface along its grid edge. The straight line between
+// the values at the ends puts it where a function such as the heart's is far from zero, and the
+// faces then step like contour lines. A few rounds of the edge searches, the points of a round
+// evaluated together, bring the points onto the surface.
+void Refine(const BlockProgram& f, const std::vector<Tetrahedra::Edge>& edges, Mesh& mesh) {
+  constexpr int kRounds = 12;
+  std::vector<EdgeSearch> searches(edges.begin(), edges.end());
+  std::vector<std::size_t> active(edges.size());
+  for (std::size_t i = 0; i < active.size(); ++i) active[i] = i;
   std::vector<double> xs, ys, zs, values;
   for (int round = 0; round < kRounds && !active.empty(); ++round) {
     const std::size_t m = active.size();
     xs.resize(m), ys.resize(m), zs.resize(m), values.resize(m);
     for (std::size_t a = 0; a < m; ++a) {
-      const std::size_t i = active[a];
-      const Vec3 p = Lerp(edges[i].From, edges[i].To, t[i]);
+      const Vec3 p = Lerp(edges[active[a]].From, edges[active[a]].To, searches[active[a]].T());
       xs[a] = p.X, ys[a] = p.Y, zs[a] = p.Z;
     }
     EvaluateAt(f, xs.data(), ys.data(), zs.data(), m, values.data());
     std::size_t kept = 0;
     for (std::size_t a = 0; a < m; ++a) {
-      const std::size_t i = active[a];
-      const double v = values[a];
-      // On the surface, as near as the values can tell, or nothing better to know.
-      if (!std::isfinite(v) || std::abs(v) <= 1e-7 * std::max(std::abs(edges[i].AtFrom), std::abs(edges[i].AtTo))) {
-        continue;
-      }
-      // Keep the end whose sign differs from the new point's; halve the value at an end kept twice.
-      if ((v < 0) == (atLo[i] < 0)) {
-        lo[i] = t[i], atLo[i] = v;
-        if (side[i] == 1) atHi[i] /= 2;
-        side[i] = 1;
-      } else {
-        hi[i] = t[i], atHi[i] = v;
-        if (side[i] == -1) atLo[i] /= 2;
-        side[i] = -1;
-      }
-      // Where the value fell by less than a sixteenth, as at a zero of higher order (the heart's,
-      // where the function is a cube), the next point halves the bracket instead.
-      const double width = hi[i] - lo[i];
-      double next = lo[i] + width * atLo[i] / (atLo[i] - atHi[i]);
-      if ((round >= 2 && std::abs(v) > before[i] / 16) || !std::isfinite(next)) next = lo[i] + width / 2;
-      before[i] = std::abs(v);
-      const double moved = std::abs(next - t[i]);
-      t[i] = std::clamp(next, lo[i], hi[i]);
-      if (moved > kSettled && width > kSettled) active[kept++] = i;
+      if (searches[active[a]].Step(values[a], round)) active[kept++] = active[a];
     }
     active.resize(kept);
   }
-  for (std::size_t i = 0; i < n; ++i) mesh.Positions[i] = Lerp(edges[i].From, edges[i].To, t[i]);
+  for (std::size_t i = 0; i < edges.size(); ++i) mesh.Positions[i] = Lerp(edges[i].From, edges[i].To, searches[i].T());
 }
 
 // The mesh lines of an implicit surface: where it crosses the planes of the grid, the edges
