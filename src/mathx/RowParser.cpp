@@ -136,6 +136,13 @@ private:
     row.kind = Kind::TableRow;
     row.begin = Peek().begin;
     row.children.push_back(Cell());
+    if (Peek().kind == TokenKind::End) {
+      // "[x,y;1": the second number is still to be typed.
+      row.marks.push_back({});
+      row.children.push_back(Placeholder());
+      row.end = row.children.back().end;
+      return row;
+    }
     if (Peek().kind != TokenKind::Comma) throw ParseFailure{};
     row.marks.push_back(Range(Take()));
     row.children.push_back(Cell());

@@ -82,6 +82,8 @@ INSTANTIATE_TEST_SUITE_P(
         ParseCase{"[r,q..symb;,]", "Table[Line[Var r, Greek θ], Line[Empty, Empty]]"},
         ParseCase{"[q..symb,r;,]", "Table[Line[Greek θ, Var r], Line[Empty, Empty]]"},
         ParseCase{"[x,y;1,2", "Table[Line[Var x, Var y], Line[Num 1, Num 2]]"},
+        ParseCase{"[x,y;1", "Table[Line[Var x, Var y], Line[Num 1, Empty]]"},
+        ParseCase{"[x,y;", "Table[Line[Var x, Var y], Line[Empty, Empty]]"},
         ParseCase{"command==>[showgrid]", "Command show grid"},
         ParseCase{"command==>[transparentbackground]", "Command transparent background"},
         ParseCase{"command==>[enterfullscreen]", "Command enter full screen"},
