@@ -4,8 +4,10 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cmath>
 #include <cstdint>
+#include <thread>
 
 namespace plot3d {
 
@@ -35,7 +37,10 @@ void EvaluateAt(const BlockProgram& f, const double* xs, const double* ys, const
 
 class Volume {
 public:
-  Volume(const BlockProgram& f, const SurfaceRanges& box, int cells) : m_cells(cells), m_side(cells + 1) {
+  // progress hears 0 to 33 from the thread that made the volume; when it answers false the
+  // layers not yet begun are left out and Stopped() is true.
+  Volume(const BlockProgram& f, const SurfaceRanges& box, int cells, const std::function<bool(int)>& progress)
+      : m_cells(cells), m_side(cells + 1) {
     m_min = {box.XMin, box.YMin, box.ZMin};
     m_step = {(box.XMax - box.XMin) / cells, (box.YMax - box.YMin) / cells, (box.ZMax - box.ZMin) / cells};
     // Layer by layer, the layers shared among the cores: x and y are the same in every layer.
@@ -45,15 +50,25 @@ public:
       for (int i = 0; i < m_side; ++i) xs[Index(i, j, 0)] = m_min.X + i * m_step.X, ys[Index(i, j, 0)] = m_min.Y + j * m_step.Y;
     }
     m_values.resize(layer * static_cast<std::size_t>(m_side));
+    const std::thread::id caller = std::this_thread::get_id();
+    std::atomic<int> done{0};
+    int reported = 0;
     plot2d::ParallelFor(static_cast<std::size_t>(m_side), [&](std::size_t k) {
+      if (m_stopped.load()) return;
       const std::vector<double> zs(layer, m_min.Z + static_cast<double>(k) * m_step.Z);
       BlockProgram::Inputs inputs{};
       inputs[static_cast<std::size_t>(Variable::X)] = xs.data();
       inputs[static_cast<std::size_t>(Variable::Y)] = ys.data();
       inputs[static_cast<std::size_t>(Variable::Z)] = zs.data();
       f.Evaluate(inputs, layer, m_values.data() + k * layer);
+      // Only the calling thread reports, so that progress is heard on the thread it expects.
+      const int percent = 33 * ++done / m_side;
+      if (progress && std::this_thread::get_id() == caller && percent >= reported + 5 && !progress(reported = percent))
+        m_stopped = true;
     });
   }
+
+  bool Stopped() const { return m_stopped.load(); }
 
   std::size_t Index(int i, int j, int k) const {
     return (static_cast<std::size_t>(k) * m_side + static_cast<std::size_t>(j)) * m_side + static_cast<std::size_t>(i);
@@ -67,6 +82,7 @@ private:
   int m_cells, m_side;
   Vec3 m_min, m_step;
   std::vector<double> m_values;
+  std::atomic<bool> m_stopped{false};
 };
 
 // Cuts each cube into six tetrahedra and each tetrahedron by the surface. A point on a grid
@@ -285,8 +301,8 @@ void MeshImplicit(const SurfaceSource& source, const SurfaceRanges& box, int cel
   into.Clear();
   if (!source.Ok() || source.Kind != SurfaceKind::Implicit || cells < 1) return;
   if (!(box.XMax > box.XMin && box.YMax > box.YMin && box.ZMax > box.ZMin)) return;
-  const Volume volume(source.Functions[0], box, cells);  // about a third of the work
-  if (progress && !progress(33)) return;
+  const Volume volume(source.Functions[0], box, cells, progress);  // about a third of the work
+  if (volume.Stopped() || (progress && !progress(33))) return;
   Tetrahedra tetrahedra(volume, into);
   int reported = 33;
   for (int k = 0; k < cells; ++k) {
