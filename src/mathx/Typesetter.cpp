@@ -187,6 +187,24 @@ LayoutBox Typesetter::Operator(const QString& glyph, double size, SourceRange so
   LayoutBox text = Text(glyph, FontRole::Upright, size, source.begin, source.end, false);
   text.role = Role::Operator;
   if (!source.Valid()) text.carets.clear();
+  // Some faces give a sign such as ≤ the room of a letter M round ink as narrow as <'s; such a
+  // sign keeps only the side room that < has, so that relations look alike.
+  const QRectF ink = m_fonts.Metrics(FontRole::Upright, size).tightBoundingRect(glyph);
+  const double room = 0.06 * size;
+  if (glyph.size() == 1 && ink.width() > 0 && ink.left() > 2 * room) {
+    const double shift = ink.left() - room;
+    LayoutBox trimmed;
+    trimmed.width = ink.width() + 2 * room;
+    trimmed.ascent = text.ascent;
+    trimmed.descent = text.descent;
+    trimmed.role = Role::Operator;
+    for (CaretSlot& caret : text.carets) caret.x = caret.x > 0 ? trimmed.width : 0;
+    trimmed.carets = std::move(text.carets);
+    text.carets.clear();
+    text.x = -shift;
+    trimmed.children.push_back(std::move(text));
+    text = std::move(trimmed);
+  }
   row.Add(std::move(text));
   row.Space(spaceAfter * size);
   return row.Finish(Role::Operator);

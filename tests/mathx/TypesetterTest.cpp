@@ -147,6 +147,19 @@ INSTANTIATE_TEST_SUITE_P(Signs, TypesetGlyphs,
                                            GlyphCase{"command==>[showgrid]", "show grid"},
                                            GlyphCase{"y=x)", "y=x)"}));
 
+TEST(Typesetter, RelationsTakeAlikeRoom) {
+  // The face gives ≤ much more side room than <; the typesetter evens them out.
+  const auto relation = [](const char* text) {
+    const LayoutBox box = Typeset(text);
+    const auto operators = WithRole(box, Role::Operator);
+    double widest = 0;
+    for (const PlacedBox& op : operators) widest = std::max(widest, op.box->width);
+    return widest;
+  };
+  EXPECT_NEAR(relation("y<=x"), relation("y<x"), 0.25 * relation("y<x"));
+  EXPECT_NEAR(relation("y>=x"), relation("y>x"), 0.25 * relation("y>x"));
+}
+
 TEST(Typesetter, TheDomainFormReadsAsItsChain) {
   // domain(x,0,3,2): 0 < x <= 3, the variable between its bounds.
   const LayoutBox box = Typeset("declare(y=x^2,domain(x,0,3,2))");
