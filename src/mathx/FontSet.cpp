@@ -62,6 +62,14 @@ QString FontSet::CacheKey(FontRole role, double pixelSize, const QString& text) 
   return key;
 }
 
+QRectF FontSet::Ink(FontRole role, double pixelSize, const QString& text) const {
+  const QString key = CacheKey(role, pixelSize, text);
+  auto found = m_inks.constFind(key);
+  if (found != m_inks.constEnd()) return *found;
+  if (m_inks.size() > 1024) m_inks.clear();
+  return *m_inks.insert(key, Metrics(role, pixelSize).tightBoundingRect(text));
+}
+
 const QStaticText& FontSet::Prepared(FontRole role, double pixelSize, const QString& text) const {
   const QString key = CacheKey(role, pixelSize, text);
   auto found = m_prepared.find(key);

@@ -5,6 +5,7 @@
 #include <QFont>
 #include <QFontMetricsF>
 #include <QHash>
+#include <QRectF>
 #include <QStaticText>
 
 #include <map>
@@ -21,6 +22,8 @@ public:
   const QFontMetricsF& Metrics(FontRole role, double pixelSize) const;
   // The advance of a text, remembered: formulas repeat their few signs and letters endlessly.
   double Advance(FontRole role, double pixelSize, const QString& text) const;
+  // Where the ink of a short text lies, from its origin, remembered like the advances.
+  QRectF Ink(FontRole role, double pixelSize, const QString& text) const;
   // The text laid out once for painting, kept for the next paint.
   const QStaticText& Prepared(FontRole role, double pixelSize, const QString& text) const;
 
@@ -31,6 +34,7 @@ private:
   mutable std::map<std::pair<int, int>, QFont> m_fonts;
   mutable std::map<std::pair<int, int>, QFontMetricsF> m_metrics;
   mutable QHash<QString, double> m_advances;
+  mutable QHash<QString, QRectF> m_inks;
   mutable QHash<QString, QStaticText> m_prepared;
 };
 

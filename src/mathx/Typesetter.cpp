@@ -189,7 +189,7 @@ LayoutBox Typesetter::Operator(const QString& glyph, double size, SourceRange so
   if (!source.Valid()) text.carets.clear();
   // Some faces give a sign such as ≤ the room of a letter M round ink as narrow as <'s; such a
   // sign keeps only the side room that < has, so that relations look alike.
-  const QRectF ink = m_fonts.Metrics(FontRole::Upright, size).tightBoundingRect(glyph);
+  const QRectF ink = m_fonts.Ink(FontRole::Upright, size, glyph);
   const double room = 0.06 * size;
   if (glyph.size() == 1 && ink.width() > 0 && ink.left() > 2 * room) {
     const double shift = ink.left() - room;
