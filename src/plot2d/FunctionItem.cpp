@@ -111,6 +111,8 @@ std::pair<double, double> FunctionItem::ThetaRange() const {
   const ExpressionTree& tree = m_line.Tree;
   for (const Comparison& c : m_line.Comparisons) {
     const Node& n = tree.At(c.Node);
+    // A comparison of two numbers ("0<+0") is folded into its value and compares nothing.
+    if (n.A < 0 || n.B < 0) continue;
     const Node& a = tree.At(n.A);
     const Node& b = tree.At(n.B);
     const bool aTheta = a.Kind == NodeKind::Load && a.Var == Variable::Theta;

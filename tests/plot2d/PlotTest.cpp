@@ -358,3 +358,13 @@ TEST(Plot, AnIntegralsValueLeavesTheAxisClear) {
   const QImage picture = plot.Picture();
   for (int x = 2; x < 398; ++x) EXPECT_LT(picture.pixelColor(x, 200).lightness(), 200) << "column " << x;
 }
+
+TEST(Plot, AConditionOfNumbersAloneBoundsNothing) {
+  // "0<+0" is folded into a number while the line is read; theta keeps its bounds from the rest.
+  for (const char* line : {"r=theta;0<+0<theta", "r=theta;1<2", "r=theta;0<theta<2;3>1"}) {
+    Plot plot = Bare(QSize(120, 120));
+    Add(plot, line);
+    plot.Redraw();
+    EXPECT_TRUE(plot.Problems().isEmpty()) << line;
+  }
+}
