@@ -1,8 +1,8 @@
 #include "FuzzInput.h"
 
-#include "plot2d/BlockProgram.h"
-#include "plot2d/Derivative.h"
-#include "plot2d/LineParser.h"
+#include "mathlang/BlockProgram.h"
+#include "mathlang/Derivative.h"
+#include "mathlang/LineParser.h"
 #include "plot2d/NotablePoints.h"
 #include "plot2d/Plot.h"
 
@@ -11,14 +11,14 @@
 // beside a line they may cross or touch.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const QString text = FuzzText(data, size);
-  const plot2d::ParsedLine line = plot2d::ParseLine(text);
+  const mathlang::ParsedLine line = mathlang::ParseLine(text);
   if (line.Ok()) {
-    const plot2d::BlockProgram program(line.Tree, line.Right);
+    const mathlang::BlockProgram program(line.Tree, line.Right);
     program.At(0.5, -0.25, 1, 2, 3);
   }
-  plot2d::ParseExpression(text);
-  plot2d::Derivative(text);
-  plot2d::ParseInequality(text);
+  mathlang::ParseExpression(text);
+  mathlang::Derivative(text);
+  mathlang::ParseInequality(text);
   if (size < 200) {
     plot2d::Plot plot;
     plot.SetSize(QSize(64, 48));

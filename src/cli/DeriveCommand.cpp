@@ -1,6 +1,6 @@
 #include "DeriveCommand.h"
 
-#include "plot2d/Derivative.h"
+#include "mathlang/Derivative.h"
 
 namespace cli {
 
@@ -9,7 +9,7 @@ int RunDerive(const QStringList& arguments, Streams streams) {
   if (!texts.isEmpty() && texts.first() == u"--") texts.removeFirst();
   int status = 0;
   ForEachText(texts, streams.In, [&](const QString& text) {
-    const auto derivative = plot2d::Derivative(text);
+    const auto derivative = mathlang::Derivative(text);
     if (derivative) {
       streams.Out << *derivative << '\n';
     } else {

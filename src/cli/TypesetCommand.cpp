@@ -2,7 +2,7 @@
 
 #include "core/RuntimeError.h"
 #include "mathx/Formula.h"
-#include "plot2d/PictureFile.h"
+#include "render/PictureFile.h"
 
 #include <QColor>
 #include <QPainter>
@@ -109,7 +109,7 @@ int RunTypeset(const QStringList& arguments, Streams streams) {
   formula.SetPixelSize(options->Points * 96.0 / 72.0);
   formula.SetText(options->Text);
   QImage picture = formula.Render(options->Color, options->Scale);
-  const QByteArray format = plot2d::PictureFormat(options->Output, 0);
+  const QByteArray format = render::PictureFormat(options->Output, 0);
   if (format != "PNG") {
     QImage ground(picture.size(), QImage::Format_RGB32);
     ground.fill(Qt::white);
@@ -123,7 +123,7 @@ int RunTypeset(const QStringList& arguments, Streams streams) {
     streams.Out.flush();
   }
   try {
-    plot2d::WritePicture(picture, options->Output, 0);
+    render::WritePicture(picture, options->Output, 0);
   } catch (const core::RuntimeError& error) {
     streams.Err << "quillograph-cli typeset: " << options->Output << ": " << error.Description() << '\n';
     streams.Err.flush();

@@ -5,6 +5,8 @@
 
 namespace plot2d {
 
+using mathlang::BlockProgram;
+
 namespace {
 
 enum GapState : std::uint8_t { kDone, kBroken };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "BlockProgram.h"
+#include "mathlang/BlockProgram.h"
 #include "ViewTransform.h"
 
 #include <QPolygonF>
@@ -21,16 +21,16 @@ struct CurveSource {
     ParametricPolar    // r = First(s), theta = Second(s)
   };
   Mode Kind = Mode::YOfX;
-  BlockProgram First;
-  BlockProgram Second;
+  mathlang::BlockProgram First;
+  mathlang::BlockProgram Second;
   bool HasCondition = false;
-  BlockProgram Condition;
+  mathlang::BlockProgram Condition;
   // The single comparisons of the condition: the test, its two sides, and whether its bound
   // belongs to the curve.
   struct Bound {
-    BlockProgram Test;
-    BlockProgram Left;
-    BlockProgram Right;
+    mathlang::BlockProgram Test;
+    mathlang::BlockProgram Left;
+    mathlang::BlockProgram Right;
     bool Inclusive = false;
   };
   std::vector<Bound> Comparisons;

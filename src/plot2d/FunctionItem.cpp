@@ -11,6 +11,13 @@
 
 namespace plot2d {
 
+using mathlang::BlockProgram;
+using mathlang::Comparison;
+using mathlang::LineForm;
+using mathlang::Node;
+using mathlang::NodeKind;
+using mathlang::Variable;
+
 namespace {
 
 constexpr int kShadeAlpha = 56;
@@ -23,14 +30,14 @@ QColor Translucent(QColor color) {
 }  // namespace
 
 FunctionItem::FunctionItem(int index, const QString& line, const Options& options)
-    : m_index(index), m_options(options), m_line(ParseLine(line)) {
+    : m_index(index), m_options(options), m_line(mathlang::ParseLine(line)) {
   if (m_line.Ok()) Classify();
 }
 
 // The kind follows the line's own left side; a bare expression is read from its variables. A
 // left side that also stands on the right makes the equation implicit ("y=x*y").
 void FunctionItem::Classify() {
-  ExpressionTree& tree = m_line.Tree;
+  mathlang::ExpressionTree& tree = m_line.Tree;
   const int right = m_line.Right;
   const auto implicitWith = [&](Variable left) {
     Node load;
@@ -108,7 +115,7 @@ std::pair<double, double> FunctionItem::ThetaRange() const {
   double low = 0;
   double high = 2 * numeric::kPi;
   bool lowSet = false, highSet = false;
-  const ExpressionTree& tree = m_line.Tree;
+  const mathlang::ExpressionTree& tree = m_line.Tree;
   for (const Comparison& c : m_line.Comparisons) {
     const Node& n = tree.At(c.Node);
     // A comparison of two numbers ("0<+0") is folded into its value and compares nothing.

@@ -2,7 +2,7 @@
 
 #include "CurveSampler.h"
 #include "Drawing.h"
-#include "LineParser.h"
+#include "mathlang/LineParser.h"
 #include "ViewTransform.h"
 
 #include <QColor>
@@ -42,13 +42,13 @@ private:
 
   int m_index;
   Options m_options;
-  ParsedLine m_line;
+  mathlang::ParsedLine m_line;
   int m_kind = 0;
   CurveSource m_source;
-  BlockProgram m_difference;  // F - G of an implicit curve
+  mathlang::BlockProgram m_difference;  // F - G of an implicit curve
   // For F1*F2*...*Fn = 0, the factors, each traced on its own: a product is zero where one of
   // its factors is, even where another one is undefined (the pieces of a "Batman" equation).
-  std::vector<BlockProgram> m_factors;
+  std::vector<mathlang::BlockProgram> m_factors;
 };
 
 }  // namespace plot2d

@@ -10,6 +10,8 @@
 
 namespace plot2d {
 
+using mathlang::BlockProgram;
+
 namespace {
 
 constexpr int kCoarse = 8;       // a coarse cell is 8 leaves wide

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "BlockProgram.h"
+#include "mathlang/BlockProgram.h"
 #include "ViewTransform.h"
 
 #include <QPolygonF>
@@ -18,9 +18,9 @@ namespace plot2d {
 // tan(x*y)=1) is rejected, so no spurious segment joins two branches.
 class ImplicitTracer {
 public:
-  ImplicitTracer(const BlockProgram& difference, const ViewTransform& view, int quality);
+  ImplicitTracer(const mathlang::BlockProgram& difference, const ViewTransform& view, int quality);
   // Keeps only the parts where condition holds.
-  void SetCondition(const BlockProgram* condition) { m_condition = condition; }
+  void SetCondition(const mathlang::BlockProgram* condition) { m_condition = condition; }
 
   std::vector<QPolygonF> Trace() const;
 
@@ -42,9 +42,9 @@ private:
   std::vector<Cell> Contour(const std::vector<Cell>& leaves, std::vector<Segment>& segments) const;
   std::vector<QPolygonF> Chain(const std::vector<Segment>& segments) const;
 
-  const BlockProgram& m_difference;
+  const mathlang::BlockProgram& m_difference;
   const ViewTransform& m_view;
-  const BlockProgram* m_condition = nullptr;
+  const mathlang::BlockProgram* m_condition = nullptr;
   double m_leafWidth;   // plot units
   double m_leafHeight;
   int m_columns;        // leaves across and up the view

@@ -14,13 +14,13 @@ InequalityItem::InequalityItem(const QString& first, const QString* second, QCol
   std::vector<QString> texts{first};
   if (second) texts.push_back(*second);
   for (const QString& text : texts) {
-    Part part{ParseInequality(text), {}};
+    Part part{mathlang::ParseInequality(text), {}};
     if (!part.Parsed.Ok()) {
       m_problem = part.Parsed.Error;
       m_parts.clear();
       return;
     }
-    part.Boundary = BlockProgram(part.Parsed.Tree, part.Parsed.Boundary);
+    part.Boundary = mathlang::BlockProgram(part.Parsed.Tree, part.Parsed.Boundary);
     m_parts.push_back(std::move(part));
   }
 }
@@ -35,7 +35,7 @@ void InequalityItem::Draw(const ViewTransform& view, int quality, Drawing& drawi
   const double beyond = view.YMax() - view.YMin();
   std::vector<double> low(xs.size(), view.YMin() - beyond), high(xs.size(), view.YMax() + beyond);
   std::vector<double> boundary(xs.size());
-  BlockProgram::Inputs inputs{};
+  mathlang::BlockProgram::Inputs inputs{};
   inputs[0] = xs.data();
   for (const Part& part : m_parts) {
     part.Boundary.Evaluate(inputs, xs.size(), boundary.data());

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "BlockProgram.h"
+#include "mathlang/BlockProgram.h"
 #include "Drawing.h"
-#include "LineParser.h"
+#include "mathlang/LineParser.h"
 #include "ViewTransform.h"
 
 namespace plot2d {
@@ -18,8 +18,8 @@ public:
 
 private:
   struct Part {
-    ParsedInequality Parsed;
-    BlockProgram Boundary;
+    mathlang::ParsedInequality Parsed;
+    mathlang::BlockProgram Boundary;
   };
   std::vector<Part> m_parts;
   QColor m_line, m_fill;

@@ -7,6 +7,9 @@
 
 namespace plot2d {
 
+using mathlang::BlockProgram;
+using mathlang::ParseExpression;
+
 namespace {
 
 QString Number(double v) { return QString::number(v, 'g', 10); }
@@ -23,7 +26,7 @@ IntegralItem::IntegralItem(const QString& first, const QString* second, double f
   if (m_hasSecond) {
     m_bottom = BlockProgram(m_second.Tree, m_second.Right);
     // The difference as one expression of its own, for the quadrature.
-    ParsedLine both = ParseExpression(QStringLiteral("(") + first + QStringLiteral(")-(") + *second + u')');
+    mathlang::ParsedLine both = ParseExpression(QStringLiteral("(") + first + QStringLiteral(")-(") + *second + u')');
     if (both.Ok()) m_difference = BlockProgram(both.Tree, both.Right);
   }
   m_value = Integrate(m_hasSecond ? m_difference : m_top, m_from, m_to, 1e-11);

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "BlockProgram.h"
+#include "mathlang/BlockProgram.h"
 #include "Drawing.h"
-#include "LineParser.h"
-#include "Quadrature.h"
+#include "mathlang/LineParser.h"
+#include "mathlang/Quadrature.h"
 #include "ViewTransform.h"
 
 namespace plot2d {
@@ -15,23 +15,23 @@ public:
   IntegralItem(const QString& first, const QString* second, double from, double to, QColor color);
 
   QString Problem() const { return m_problem; }
-  const IntegralValue& Value() const { return m_value; }
+  const mathlang::IntegralValue& Value() const { return m_value; }
   // The label: "∫ = 2", with the parts above and below the axis when it has both.
   QString Text() const;
 
   void Draw(const ViewTransform& view, int quality, Drawing& drawing) const;
 
 private:
-  ParsedLine m_first;
-  ParsedLine m_second;
+  mathlang::ParsedLine m_first;
+  mathlang::ParsedLine m_second;
   bool m_hasSecond;
-  BlockProgram m_top;
-  BlockProgram m_bottom;
-  BlockProgram m_difference;
+  mathlang::BlockProgram m_top;
+  mathlang::BlockProgram m_bottom;
+  mathlang::BlockProgram m_difference;
   double m_from, m_to;
   QColor m_color;
   QString m_problem;
-  IntegralValue m_value;
+  mathlang::IntegralValue m_value;
 };
 
 }  // namespace plot2d

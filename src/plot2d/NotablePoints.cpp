@@ -1,7 +1,7 @@
 #include "NotablePoints.h"
 
 #include "ParameterScan.h"
-#include "RootFinding.h"
+#include "mathlang/RootFinding.h"
 #include "SegmentColumns.h"
 
 #include "core/NumberText.h"
@@ -12,6 +12,11 @@
 #include <optional>
 
 namespace plot2d {
+
+using mathlang::Function;
+using mathlang::Golden;
+using mathlang::Newton;
+using mathlang::Zero;
 
 namespace {
 
@@ -58,7 +63,7 @@ public:
     const ParameterScan& scan = Scan(curve);
     const auto t = scan.Nearest(at, View, 3);
     if (!t) return std::nullopt;
-    const auto zero = Bracketed([&](double u) { return h(c.PointAt(u)); }, *t - scan.Step(), *t + scan.Step());
+    const auto zero = mathlang::Bracketed([&](double u) { return h(c.PointAt(u)); }, *t - scan.Step(), *t + scan.Step());
     if (!zero) return std::nullopt;
     const QPointF refined = c.PointAt(*zero);
     if (!(Distance(refined, at) <= Reach)) return std::nullopt;
@@ -89,7 +94,7 @@ void Roots(Search& search, std::size_t curve, std::vector<NotablePoint>& out) {
       if (a.y() == 0) out.push_back({a, NotablePoint::Kind::Root});
       if ((a.y() < 0) == (b.y() < 0) || b.y() == 0) continue;
       QPointF at(a.x() + (b.x() - a.x()) * a.y() / (a.y() - b.y()), 0);
-      if (c.Explicit) at.setX(Bisect(c.Explicit, a.x(), b.x()));
+      if (c.Explicit) at.setX(mathlang::Bisect(c.Explicit, a.x(), b.x()));
       else at = RefinedRoot(search, curve, at);
       out.push_back({at, NotablePoint::Kind::Root});
     }
@@ -170,7 +175,7 @@ QPointF RefinedCrossing(Search& search, std::size_t c, std::size_t d, QPointF a1
     const double lo = std::max(std::min(a1.x(), a2.x()), std::min(b1.x(), b2.x()));
     const double hi = std::min(std::max(a1.x(), a2.x()), std::max(b1.x(), b2.x()));
     if (!(lo < hi)) return at;
-    const auto x = Bracketed(difference, lo, hi);
+    const auto x = mathlang::Bracketed(difference, lo, hi);
     return x ? QPointF(*x, first.Explicit(*x)) : at;
   }
   if (first.Zero && second.Zero) return Newton(first.Zero, second.Zero, at, search.Reach).value_or(at);

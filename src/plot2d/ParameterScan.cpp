@@ -1,10 +1,12 @@
 #include "ParameterScan.h"
 
-#include "RootFinding.h"
+#include "mathlang/RootFinding.h"
 
 #include <cmath>
 
 namespace plot2d {
+
+using mathlang::Function;
 
 namespace {
 
@@ -34,7 +36,7 @@ std::optional<double> ParameterScan::Nearest(QPointF at, const ViewTransform& vi
   // Then between the neighbours of the best sample, the nearest point by golden section.
   const Function distanceAt = [&](double t) { return PixelDistance(m_curve.PointAt(t), at, view); };
   const double centre = m_curve.From + static_cast<double>(best) * m_step;
-  const double t = Golden(distanceAt, centre - m_step, centre + m_step, false);
+  const double t = mathlang::Golden(distanceAt, centre - m_step, centre + m_step, false);
   if (!(distanceAt(t) <= reach)) return std::nullopt;
   return t;
 }

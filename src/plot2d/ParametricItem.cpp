@@ -8,13 +8,13 @@
 namespace plot2d {
 
 ParametricItem::ParametricItem(const QString& x, const QString& y, double from, double to, int type, QColor color)
-    : m_x(ParseExpression(x)), m_y(ParseExpression(y)), m_from(from), m_to(to), m_color(color) {
+    : m_x(mathlang::ParseExpression(x)), m_y(mathlang::ParseExpression(y)), m_from(from), m_to(to), m_color(color) {
   if (!m_x.Ok()) m_problem = m_x.Error;
   else if (!m_y.Ok()) m_problem = m_y.Error;
   if (!m_problem.isEmpty()) return;
   m_source.Kind = type == 2 ? CurveSource::Mode::ParametricPolar : CurveSource::Mode::Parametric;
-  m_source.First = BlockProgram(m_x.Tree, m_x.Right);
-  m_source.Second = BlockProgram(m_y.Tree, m_y.Right);
+  m_source.First = mathlang::BlockProgram(m_x.Tree, m_x.Right);
+  m_source.Second = mathlang::BlockProgram(m_y.Tree, m_y.Right);
 }
 
 void ParametricItem::Draw(const ViewTransform& view, int quality, Drawing& drawing) const {

@@ -2,7 +2,7 @@
 
 #include "CurveSampler.h"
 #include "Drawing.h"
-#include "LineParser.h"
+#include "mathlang/LineParser.h"
 
 namespace plot2d {
 
@@ -16,7 +16,7 @@ public:
   void Draw(const ViewTransform& view, int quality, Drawing& drawing) const;
 
 private:
-  ParsedLine m_x, m_y;
+  mathlang::ParsedLine m_x, m_y;
   CurveSource m_source;
   double m_from, m_to;
   QColor m_color;

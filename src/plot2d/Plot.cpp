@@ -1,8 +1,8 @@
 #include "Plot.h"
 
-#include "Derivative.h"
-#include "Parallel.h"
-#include "PictureFile.h"
+#include "mathlang/Derivative.h"
+#include "render/Parallel.h"
+#include "render/PictureFile.h"
 #include "PlotPainter.h"
 
 #include "core/RuntimeError.h"
@@ -137,7 +137,7 @@ void Plot::Redraw() {
   }
   if (OnProgress) OnProgress(0);
   std::vector<Drawing> parts(jobs.size());
-  ParallelFor(jobs.size(), [&](std::size_t k) { jobs[heavyFirst[k]](parts[heavyFirst[k]]); });
+  render::ParallelFor(jobs.size(), [&](std::size_t k) { jobs[heavyFirst[k]](parts[heavyFirst[k]]); });
   Drawing drawing;
   for (std::size_t i = 0; i < parts.size(); ++i) {
     Drawing& part = parts[i];
@@ -182,7 +182,7 @@ void Plot::ZoomOut() {
 }
 
 QString Plot::Derivative(const QString& text) const {
-  const auto derivative = plot2d::Derivative(text);
+  const auto derivative = mathlang::Derivative(text);
   if (!derivative) throw core::RuntimeError(5, QStringLiteral("no derivative of \"%1\"").arg(text));
   return *derivative;
 }
@@ -204,7 +204,7 @@ QImage Plot::Picture(QImage::Format format) const {
 }
 
 void Plot::SavePicture(const QString& name, std::int32_t kind) {
-  const QByteArray format = PictureFormat(name, kind);
+  const QByteArray format = render::PictureFormat(name, kind);
   const bool alpha = format == "PNG" && m_style.TransparentBackground;
   // A saved picture has the scene's size, whatever screen the scene is shown on.
   const double ratio = m_devicePixelRatio;
@@ -220,7 +220,7 @@ void Plot::SavePicture(const QString& name, std::int32_t kind) {
     image = flat.Picture(alpha ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
   }
   image.setDevicePixelRatio(1);
-  WritePicture(image, name, kind);
+  render::WritePicture(image, name, kind);
 }
 
 }  // namespace plot2d

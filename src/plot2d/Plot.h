@@ -39,7 +39,7 @@ public:
   void ResetRange();
   void ZoomIn();
   void ZoomOut();
-  // The derivative of a row's text (see plot2d::Derivative); raises core::RuntimeError where
+  // The derivative of a row's text (see mathlang::Derivative); raises core::RuntimeError where
   // there is none.
   QString Derivative(const QString& text) const;
   // Kind 1 PNG (with alpha when the background is transparent), 2 JPEG, 3 BMP, 0 by the name's

@@ -1,8 +1,8 @@
 #include "PlotPainter.h"
 
-#include "AxisTicks.h"
+#include "render/AxisTicks.h"
 #include "CurveRasterizer.h"
-#include "Parallel.h"
+#include "render/Parallel.h"
 
 #include <QFont>
 #include <QFontMetricsF>
@@ -82,19 +82,19 @@ double PlotPainter::YAxisPixel() const {
 double PlotPainter::XStep(const QFontMetricsF& metrics) const {
   // The step depends on how wide the labels are, and the labels on the step: settle it twice.
   const double k = m_style.Scale;
-  double step = AxisTicks::StepFor(m_view.XMax() - m_view.XMin(), m_view.Width(), 80 * k);
+  double step = render::AxisTicks::StepFor(m_view.XMax() - m_view.XMin(), m_view.Width(), 80 * k);
   for (int round = 0; round < 3; ++round) {
     double widest = 0;
     for (const double v : {m_view.XMin(), m_view.XMax(), -step, step}) {
-      widest = std::max(widest, metrics.horizontalAdvance(Printed(AxisTicks::Label(std::round(v / step) * step, step))));
+      widest = std::max(widest, metrics.horizontalAdvance(Printed(render::AxisTicks::Label(std::round(v / step) * step, step))));
     }
-    step = AxisTicks::StepFor(m_view.XMax() - m_view.XMin(), m_view.Width(), std::max(48.0 * k, widest + 18 * k));
+    step = render::AxisTicks::StepFor(m_view.XMax() - m_view.XMin(), m_view.Width(), std::max(48.0 * k, widest + 18 * k));
   }
   return step;
 }
 
 double PlotPainter::YStep(const QFontMetricsF& metrics) const {
-  return AxisTicks::StepFor(m_view.YMax() - m_view.YMin(), m_view.Height(), std::max(36.0 * m_style.Scale, metrics.height() * 2.4));
+  return render::AxisTicks::StepFor(m_view.YMax() - m_view.YMin(), m_view.Height(), std::max(36.0 * m_style.Scale, metrics.height() * 2.4));
 }
 
 void PlotPainter::Paint(QPainter& painter, const Drawing& drawing) const {
@@ -138,11 +138,11 @@ void PlotPainter::Grid(QPainter& painter, double xStep, double yStep) const {
   // divisor 5 gives the minor grid between the major lines; each level is one call.
   const auto lines = [&](int divisor, int alpha) {
     std::vector<QLineF> batch;
-    for (const double x : AxisTicks::Values(m_view.XMin(), m_view.XMax(), xStep / divisor)) {
+    for (const double x : render::AxisTicks::Values(m_view.XMin(), m_view.XMax(), xStep / divisor)) {
       const double px = std::round(m_view.ToPixelX(x)) + 0.5;
       batch.emplace_back(QPointF(px, 0), QPointF(px, m_view.Height()));
     }
-    for (const double y : AxisTicks::Values(m_view.YMin(), m_view.YMax(), yStep / divisor)) {
+    for (const double y : render::AxisTicks::Values(m_view.YMin(), m_view.YMax(), yStep / divisor)) {
       const double py = std::round(m_view.ToPixelY(y)) + 0.5;
       batch.emplace_back(QPointF(0, py), QPointF(m_view.Width(), py));
     }
@@ -162,11 +162,11 @@ void PlotPainter::Axes(QPainter& painter, double xStep, double yStep) const {
   const double tick = kTick * m_style.Scale;
   painter.drawLine(QPointF(0, ax), QPointF(m_view.Width(), ax));
   painter.drawLine(QPointF(ay, 0), QPointF(ay, m_view.Height()));
-  for (const double x : AxisTicks::Values(m_view.XMin(), m_view.XMax(), xStep)) {
+  for (const double x : render::AxisTicks::Values(m_view.XMin(), m_view.XMax(), xStep)) {
     const double px = m_view.ToPixelX(x);
     painter.drawLine(QPointF(px, ax - tick), QPointF(px, ax + tick));
   }
-  for (const double y : AxisTicks::Values(m_view.YMin(), m_view.YMax(), yStep)) {
+  for (const double y : render::AxisTicks::Values(m_view.YMin(), m_view.YMax(), yStep)) {
     const double py = m_view.ToPixelY(y);
     painter.drawLine(QPointF(ay - tick, py), QPointF(ay + tick, py));
   }
@@ -182,9 +182,9 @@ void PlotPainter::Numbers(QPainter& painter, double xStep, double yStep) const {
   // along the left edge.
   const bool below = ax + gap + metrics.height() < m_view.Height();
   const double labelTop = below ? ax + gap : ax - gap - metrics.height();
-  for (const double x : AxisTicks::Values(m_view.XMin(), m_view.XMax(), xStep)) {
+  for (const double x : render::AxisTicks::Values(m_view.XMin(), m_view.XMax(), xStep)) {
     if (x == 0 && m_view.XMin() < 0 && m_view.XMax() > 0) continue;
-    const QString text = Printed(AxisTicks::Label(x, xStep));
+    const QString text = Printed(render::AxisTicks::Label(x, xStep));
     const double width = metrics.horizontalAdvance(text);
     const double left = m_view.ToPixelX(x) - width / 2;
     // A number that would stick out of the picture is left out rather than pushed aside.
@@ -194,9 +194,9 @@ void PlotPainter::Numbers(QPainter& painter, double xStep, double yStep) const {
   // Beside the y axis the numbers keep clear of the ticks, which reach out across it.
   const double side = gap + kTick * m_style.Scale;
   const bool leftOfAxis = ay - side - metrics.horizontalAdvance(Printed(QStringLiteral("-00.0"))) > 0;
-  for (const double y : AxisTicks::Values(m_view.YMin(), m_view.YMax(), yStep)) {
+  for (const double y : render::AxisTicks::Values(m_view.YMin(), m_view.YMax(), yStep)) {
     if (y == 0 && m_view.YMin() < 0 && m_view.YMax() > 0) continue;
-    const QString text = Printed(AxisTicks::Label(y, yStep));
+    const QString text = Printed(render::AxisTicks::Label(y, yStep));
     const double width = metrics.horizontalAdvance(text);
     const double left = leftOfAxis ? ay - side - width : ay + side;
     const double baseline = m_view.ToPixelY(y) + metrics.ascent() / 2 - 1;
@@ -233,7 +233,7 @@ void PlotPainter::Curves(QPainter& painter, const Drawing& drawing) const {
   constexpr int kBands = 2;
   const int bandHeight = (m_view.Height() + kBands - 1) / kBands;
   uchar* bits = target.bits();
-  ParallelFor(kBands, [&](std::size_t band) {
+  render::ParallelFor(kBands, [&](std::size_t band) {
     const int top = static_cast<int>(band) * bandHeight;
     const int height = std::min(bandHeight, m_view.Height() - top);
     if (height <= 0) return;

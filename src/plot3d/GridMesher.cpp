@@ -7,8 +7,8 @@ namespace plot3d {
 
 namespace {
 
-using plot2d::BlockProgram;
-using plot2d::Variable;
+using mathlang::BlockProgram;
+using mathlang::Variable;
 
 // A grid vertex of kinds 1 to 3: the two free coordinates and the function's value.
 struct Sample {

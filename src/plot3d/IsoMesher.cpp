@@ -1,6 +1,6 @@
 #include "IsoMesher.h"
 
-#include "plot2d/Parallel.h"
+#include "render/Parallel.h"
 
 #include <algorithm>
 #include <array>
@@ -13,8 +13,8 @@ namespace plot3d {
 
 namespace {
 
-using plot2d::BlockProgram;
-using plot2d::Variable;
+using mathlang::BlockProgram;
+using mathlang::Variable;
 
 // The corners of a cube as offsets (i, j, k), and its six tetrahedra round the diagonal 0-6.
 constexpr std::array<std::array<int, 3>, 8> kCorner{{{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0},
@@ -25,7 +25,7 @@ constexpr std::array<std::array<int, 4>, 6> kTetrahedra{{{0, 5, 1, 6}, {0, 1, 2,
 // f at n points given by their coordinates, the work shared among the cores.
 void EvaluateAt(const BlockProgram& f, const double* xs, const double* ys, const double* zs, std::size_t n, double* out) {
   constexpr std::size_t kChunk = 16384;
-  plot2d::ParallelFor((n + kChunk - 1) / kChunk, [&](std::size_t chunk) {
+  render::ParallelFor((n + kChunk - 1) / kChunk, [&](std::size_t chunk) {
     const std::size_t from = chunk * kChunk;
     BlockProgram::Inputs inputs{};
     inputs[static_cast<std::size_t>(Variable::X)] = xs + from;
@@ -53,7 +53,7 @@ public:
     const std::thread::id caller = std::this_thread::get_id();
     std::atomic<int> done{0};
     int reported = 0;
-    plot2d::ParallelFor(static_cast<std::size_t>(m_side), [&](std::size_t k) {
+    render::ParallelFor(static_cast<std::size_t>(m_side), [&](std::size_t k) {
       if (m_stopped.load()) return;
       const std::vector<double> zs(layer, m_min.Z + static_cast<double>(k) * m_step.Z);
       BlockProgram::Inputs inputs{};

@@ -3,7 +3,7 @@
 #include "IsoMesher.h"
 #include "SurfaceSource.h"
 
-#include "plot2d/PictureFile.h"
+#include "render/PictureFile.h"
 
 #include <algorithm>
 #include <cmath>
@@ -66,14 +66,14 @@ void Plot3D::Refresh() {
 void Plot3D::SavePicture(const QString& name, std::int32_t kind) {
   if (m_devicePixelRatio == 1) {
     if (m_picture.size() != m_size) Refresh();
-    return plot2d::WritePicture(m_picture, name, kind);
+    return render::WritePicture(m_picture, name, kind);
   }
   Plot3D flat = *this;
   flat.SetDevicePixelRatio(1);
   flat.Refresh();
   QImage picture = flat.Picture();
   picture.setDevicePixelRatio(1);
-  plot2d::WritePicture(picture, name, kind);
+  render::WritePicture(picture, name, kind);
 }
 
 }  // namespace plot3d

@@ -1,7 +1,7 @@
 #include "SurfaceRenderer.h"
 
-#include "plot2d/AxisTicks.h"
-#include "plot2d/Parallel.h"
+#include "render/AxisTicks.h"
+#include "render/Parallel.h"
 
 #include <QPainter>
 
@@ -47,7 +47,7 @@ void SurfaceRenderer::Shade(const Mesh& mesh, const SurfaceRanges& box, const Ca
   // In chunks, shared among the cores.
   constexpr std::size_t kChunk = 8192;
   const std::size_t count = mesh.Positions.size();
-  plot2d::ParallelFor((count + kChunk - 1) / kChunk, [&](std::size_t chunk) {
+  render::ParallelFor((count + kChunk - 1) / kChunk, [&](std::size_t chunk) {
     for (std::size_t i = chunk * kChunk; i < std::min(count, (chunk + 1) * kChunk); ++i) shade(i);
   });
 }
@@ -159,9 +159,9 @@ std::vector<SurfaceRenderer::AxisLabel> SurfaceRenderer::AxisLabels(const Surfac
     if (!(range > 0) || !std::isfinite(range)) continue;
     const Camera::Projected from = point(lows[axis], bestA, bestB), to = point(highs[axis], bestA, bestB);
     const double pixels = std::hypot(to.X - from.X, to.Y - from.Y);
-    const double step = plot2d::AxisTicks::StepFor(range, std::max(pixels, 1.0), 45);
-    for (const double value : plot2d::AxisTicks::Values(lows[axis], highs[axis], step))
-      numbers.push_back(place(point(value, bestA, bestB), plot2d::AxisTicks::Label(value, step), false));
+    const double step = render::AxisTicks::StepFor(range, std::max(pixels, 1.0), 45);
+    for (const double value : render::AxisTicks::Values(lows[axis], highs[axis], step))
+      numbers.push_back(place(point(value, bestA, bestB), render::AxisTicks::Label(value, step), false));
     names.push_back(place(point(highs[axis] + range * 0.12, bestA, bestB), QString::fromLatin1(kNames[axis]), true));
   }
   // The names first, kept inside the picture; then the numbers whose place on their edge is in
@@ -242,7 +242,7 @@ void SurfaceRenderer::Render(const Mesh& mesh, const SurfaceRanges& box, const C
   constexpr int kBands = 8;
   uchar* bits = image.bits();  // detached once, here, before the threads write
   const int rows = image.height();
-  plot2d::ParallelFor(kBands, [&](std::size_t b) {
+  render::ParallelFor(kBands, [&](std::size_t b) {
     const int first = static_cast<int>(b) * rows / kBands, last = (static_cast<int>(b) + 1) * rows / kBands - 1;
     const Band band{bits, image.bytesPerLine(), image.width(), first, last};
     for (const auto& t : mesh.Triangles) Fill(m_vertices[t[0]], m_vertices[t[1]], m_vertices[t[2]], band);

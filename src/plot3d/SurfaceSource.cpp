@@ -1,6 +1,6 @@
 #include "SurfaceSource.h"
 
-#include "plot2d/LineParser.h"
+#include "mathlang/LineParser.h"
 
 #include <QStringList>
 
@@ -8,22 +8,23 @@ namespace plot3d {
 
 namespace {
 
-using plot2d::Language;
+using mathlang::BlockProgram;
+using mathlang::Language;
 
-bool Function(const QString& text, plot2d::BlockProgram& program, QString& error) {
-  const plot2d::ParsedLine parsed = plot2d::ParseExpression(text, Language::Space);
+bool Function(const QString& text, BlockProgram& program, QString& error) {
+  const mathlang::ParsedLine parsed = mathlang::ParseExpression(text, Language::Space);
   if (!parsed.Ok()) {
     error = parsed.Error;
     return false;
   }
-  program = plot2d::BlockProgram(parsed.Tree, parsed.Right);
+  program = BlockProgram(parsed.Tree, parsed.Right);
   return true;
 }
 
 // F - G of "F=G"; a text without "=" is F = 0.
-bool Implicit(const QString& text, plot2d::BlockProgram& program, QString& error) {
+bool Implicit(const QString& text, BlockProgram& program, QString& error) {
   if (!text.contains(u'=')) return Function(text, program, error);
-  plot2d::ParsedLine parsed = plot2d::ParseLine(text, true, Language::Space);
+  mathlang::ParsedLine parsed = mathlang::ParseLine(text, true, Language::Space);
   if (!parsed.Ok()) {
     error = parsed.Error;
     return false;
@@ -32,8 +33,8 @@ bool Implicit(const QString& text, plot2d::BlockProgram& program, QString& error
     error = QStringLiteral("the equation needs two sides");
     return false;
   }
-  const int difference = parsed.Tree.AddBinary(plot2d::NodeKind::Subtract, parsed.Left, parsed.Right);
-  program = plot2d::BlockProgram(parsed.Tree, difference);
+  const int difference = parsed.Tree.AddBinary(mathlang::NodeKind::Subtract, parsed.Left, parsed.Right);
+  program = BlockProgram(parsed.Tree, difference);
   return true;
 }
 

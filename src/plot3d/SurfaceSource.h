@@ -1,6 +1,6 @@
 #pragma once
 
-#include "plot2d/BlockProgram.h"
+#include "mathlang/BlockProgram.h"
 
 #include <QString>
 
@@ -16,7 +16,7 @@ enum class SurfaceKind : int { ZOfXY = 1, YOfXZ = 2, XOfYZ = 3, Implicit = 4, Sp
 // cannot be drawn; then nothing is.
 struct SurfaceSource {
   SurfaceKind Kind = SurfaceKind::ZOfXY;
-  std::array<plot2d::BlockProgram, 3> Functions;
+  std::array<mathlang::BlockProgram, 3> Functions;
   QString Error;
 
   bool Ok() const { return Error.isEmpty(); }

@@ -368,3 +368,9 @@ TEST(Plot, AConditionOfNumbersAloneBoundsNothing) {
     EXPECT_TRUE(plot.Problems().isEmpty()) << line;
   }
 }
+
+TEST(Plot, DerivativeGivesTheRightHandSideOrRaises) {
+  plot2d::Plot plot;
+  EXPECT_EQ(plot.Derivative("y=x^2"), "2*x");
+  EXPECT_THROW(plot.Derivative("x^2+y^2=1"), core::RuntimeError);
+}

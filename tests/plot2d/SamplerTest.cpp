@@ -1,6 +1,6 @@
 #include "plot2d/CurveSampler.h"
 #include "plot2d/ImplicitTracer.h"
-#include "plot2d/LineParser.h"
+#include "mathlang/LineParser.h"
 #include "plot2d/Plot.h"
 
 #include <gtest/gtest.h>
@@ -12,6 +12,7 @@
 #include <cmath>
 
 using namespace plot2d;
+using namespace mathlang;
 
 namespace {
 

@@ -26,7 +26,7 @@ TEST(SurfaceSource, TheKindsTextsCompile) {
 TEST(SurfaceSource, AnImplicitEquationIsTheDifferenceOfItsSides) {
   const SurfaceSource source = SurfaceSource::Compile("x^2+y^2+z^2=4", 4);
   ASSERT_TRUE(source.Ok());
-  std::array<double, plot2d::kVariableCount> at{};
+  std::array<double, mathlang::kVariableCount> at{};
   at[0] = 1, at[1] = 2, at[5] = 3;  // x, y, z
   EXPECT_DOUBLE_EQ(source.Functions[0].At(at), 10);
   EXPECT_DOUBLE_EQ(SurfaceSource::Compile("x*y*z", 4).Functions[0].At(at), 6);  // no "=": F = 0
