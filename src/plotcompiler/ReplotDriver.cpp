@@ -1,0 +1,225 @@
+#include "ReplotDriver.h"
+
+#include "DisplayCommands.h"
+#include "EquationCompiler.h"
+
+#include "core/NumberText.h"
+#include "core/RuntimeError.h"
+#include "core/TextFunctions.h"
+#include "expression/ConstantResolution.h"
+#include "expression/SymbolFolding.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace plotcompiler {
+
+namespace {
+
+using core::At;
+using core::Contains;
+using core::InStr;
+using core::Left;
+using core::Mid;
+using core::Replace;
+using core::Split;
+using core::StrictToBoolean;
+
+const QString kAttributeSeparator = QStringLiteral(",");
+
+bool Flag(const QStringList& options, int field) { return StrictToBoolean(At(options, field)); }
+
+// The text left of the first "=", or "" when there is none.
+QString LeftOfEquals(const QString& text) { return Left(text, std::max(InStr(text, QStringLiteral("=")) - 1, 0)); }
+
+// The display command's keyword of a compiled command row: what stands behind the first "==>",
+// without the brackets around it. A text too short to hold the brackets has no keyword.
+QString KeywordOf(const QString& line) {
+  const QString behind = Mid(line, InStr(line, QStringLiteral("==>")) + 3);
+  if (behind.size() < 2) return {};
+  return Mid(behind, 2, behind.size() - 2);
+}
+
+// The two texts of a point "a,b"; nothing where there is no comma to part them.
+bool SplitPoint(const QString& item, QString& first, QString& second) {
+  const int comma = InStr(item, QStringLiteral(","));
+  if (comma == 0) return false;
+  first = Left(item, comma - 1);
+  second = Mid(item, comma + 1);
+  return true;
+}
+
+}  // namespace
+
+// What outlives one row within a pass: the kind (a row that reaches the plot unclassified takes
+// the kind of the row before it), the last compiled line, and the count of points so far.
+struct ReplotDriver::RowPass {
+  std::int32_t Kind = 0;
+  QString Line;
+  int PointCounter = 0;
+};
+
+ReplotDriver::ReplotDriver(core::SharedState& state, expression::ScriptEvaluation& evaluation, ReplotHost& host)
+    : m_state(state), m_evaluation(evaluation), m_host(host) {}
+
+void ReplotDriver::Replot(PlotControl& plot, Plot3DControl* plot3d) {
+  (void)plot3d;
+  plot.ClearAll(true, true, true, true, true);
+  plot.SetShowIntegral(true);
+  m_host.SetStatusText(QStringLiteral("Plotting..."));
+  m_host.SetInputEnabled(false);
+
+  plot.SetShowAxis(m_host.RibbonChecked(1087));
+  plot.SetShowGrid(m_host.RibbonChecked(1088));
+  plot.SetShowNumbers(m_host.RibbonChecked(1090));
+  plot.SetShowOuterFrame(m_host.RibbonChecked(1089));
+  plot.SetShowTips(m_host.RibbonChecked(1124));
+  plot.SetTransparentBackground(m_host.RibbonChecked(1086));
+
+  if (m_host.SelectedTab() == 0) FunctionTab(plot);
+
+  m_host.SetStatusText(QStringLiteral("Ready..."));
+  m_host.SetInputEnabled(true);
+}
+
+void ReplotDriver::FunctionTab(PlotControl& plot) {
+  // Constants and commands are known before any row is drawn, wherever their rows stand.
+  const QString lastKeyword = TakeConstantsAndCommands(plot);
+  RowPass pass;
+  for (int row = 0; row < m_host.RowCount(); ++row) DrawRow(plot, row, pass);
+  AddArea(plot);
+  plot.Redraw();
+  if (lastKeyword == u"enterfullscreen") m_host.ShowFullScreen();
+}
+
+QString ReplotDriver::TakeConstantsAndCommands(PlotControl& plot) {
+  QString lastKeyword;
+  for (int row = 0; row < m_host.RowCount(); ++row) {
+    const QString line = CompileEquation(m_host.RowText(row), false);
+    if (!Contains(line, QStringLiteral("="))) continue;
+    if (expression::IsConstantName(m_state, LeftOfEquals(line))) {
+      expression::StoreConstant(m_state, line);
+    } else if (Left(line, 7) == u"command" && Contains(line, QStringLiteral("==>"))) {
+      lastKeyword = KeywordOf(line);
+      ApplyDisplayCommand(lastKeyword, plot);
+    }
+  }
+  return lastKeyword;
+}
+
+bool ReplotDriver::HasSymbol(const QString& text, const QString& symbol) const {
+  return expression::ReplaceSymbol(m_state.FunctionTokens, text, symbol, QString()) != text;
+}
+
+void ReplotDriver::DrawRow(PlotControl& plot, int row, RowPass& pass) {
+  const QString text = m_host.RowText(row);
+  if (Left(text, 7) == u"command" || m_host.RowNoteVisible(row)) return;
+  const QStringList options = Split(m_host.RowAttributes(row), kAttributeSeparator);
+  const auto compiled = [&] { return expression::SubstituteConstants(m_state, CompileEquation(text, false)); };
+
+  // Classified by the raw text, the first test that holds.
+  bool isPoint = false;
+  const auto startsWith = [&](const char16_t* form) {
+    return text.startsWith(QStringView(form)) || text.startsWith(QStringLiteral("declare(") + QString::fromUtf16(form));
+  };
+  if (startsWith(u"x=")) {
+    pass.Kind = 2, pass.Line = compiled();
+  } else if (startsWith(u"y=")) {
+    pass.Kind = 1, pass.Line = compiled();
+  } else if (startsWith(u"r=")) {
+    pass.Kind = 3, pass.Line = compiled();
+  } else if (Left(text, 1) == u"[" && Flag(options, 4)) {
+    isPoint = true;
+    AddPoints(plot, row, options, pass);
+  } else if ((HasSymbol(text, QStringLiteral("y")) || HasSymbol(text, QStringLiteral("x"))) &&
+             Contains(text, QStringLiteral("=")) && !expression::IsConstantName(m_state, LeftOfEquals(text))) {
+    pass.Kind = 4, pass.Line = compiled();
+  }
+
+  // The draw test.
+  const bool hasSymbol = HasSymbol(text, QStringLiteral("r")) || HasSymbol(text, QStringLiteral("y")) ||
+                         HasSymbol(text, QStringLiteral("x"));
+  if (!hasSymbol || Flag(options, 1) || isPoint) return;
+  const bool hasEquals = Contains(text, QStringLiteral("="));
+  if (hasEquals && expression::IsConstantName(m_state, CompileEquation(LeftOfEquals(text), true))) return;
+  if (!Flag(options, 4)) return;
+  const QString mode = At(options, 5);
+  const bool plain = core::Trim(mode) == u"0";
+  const std::int32_t lineStyle = core::Trim(mode) == u"1" ? 1 : 2;
+  plot.AddFunction(static_cast<std::int16_t>(row + 1), hasEquals ? pass.Line : text, m_host.RowColor(row),
+                   Flag(options, 2), pass.Kind, Flag(options, 0), Flag(options, 3), !plain, lineStyle);
+}
+
+void ReplotDriver::AddPoints(PlotControl& plot, int row, const QStringList& options, RowPass& pass) {
+  QString s = expression::SubstituteConstants(m_state, CompileEquation(m_host.RowText(row), false));
+  s = Replace(Replace(s, QStringLiteral("["), QString()), QStringLiteral("]"), QString());
+  struct Header {
+    const char16_t* Name;
+    std::int32_t Form;
+    bool Reversed;
+  };
+  static const Header kHeaders[] = {
+      {u"x,y", 1, false}, {u"y,x", 1, true}, {u"r,theta", 2, false}, {u"theta,r", 2, true}};
+  const Header* header = nullptr;
+  for (const Header& h : kHeaders) {
+    const QString name = QString::fromUtf16(h.Name);
+    if (Left(s, name.size()) == name && Flag(options, 4)) {
+      header = &h;
+      s = Replace(s, name + u';', QString());
+      break;
+    }
+  }
+  if (header == nullptr) return;
+
+  const int items = static_cast<int>(core::Occurrences(s, QStringLiteral(";")));
+  const double color = m_host.RowColor(row);
+  const bool option3 = Flag(options, 3);
+  for (int k = 0; k <= items; ++k) {
+    ++pass.PointCounter;
+    QString item = s;
+    const int semicolon = InStr(s, QStringLiteral(";"));
+    if (semicolon != 0) {
+      item = Left(s, semicolon - 1);
+      s = Mid(s, semicolon + 1);
+    }
+    QString first, second;
+    if (!SplitPoint(item, first, second)) continue;  // a point with one number cannot be drawn
+    if (header->Reversed) std::swap(first, second);
+    double a = m_evaluation.EvaluateExpression(first);
+    const bool failed = m_state.MathError;
+    double b = m_evaluation.EvaluateExpression(second);
+    if (failed || m_state.MathError) continue;  // its number is lost with it
+    const auto number = static_cast<std::int16_t>(std::min(pass.PointCounter, int{std::numeric_limits<std::int16_t>::max()}));
+    plot.AddPoint(number, a, b, header->Form, color, option3);
+  }
+}
+
+void ReplotDriver::AddArea(PlotControl& plot) {
+  int first = -1, second = -1;
+  QStringList options;
+  for (int row = 0; row < m_host.RowCount(); ++row) {
+    options = Split(m_host.RowAttributes(row), kAttributeSeparator);
+    if (!Flag(options, 1)) continue;
+    if (first < 0) first = row;
+    else second = row;
+  }
+  if (first < 0) {
+    plot.SetShowIntegral(false);
+    return;
+  }
+  const auto bare = [&](int row) {
+    return CompileEquation(expression::SubstituteConstants(m_state, m_host.RowText(row)), true);
+  };
+  const QString a = bare(first);
+  QString b = bare(std::max(second, 0));
+  // The list left over from the walk, the last row's, decides whether the area is drawn.
+  if (Flag(options, 4)) {
+    bool hasSecond = second >= 0;
+    const double min = m_evaluation.EvaluateExpression(m_host.IntegralMinText());
+    const double max = m_evaluation.EvaluateExpression(m_host.IntegralMaxText());
+    plot.AddIntegral(a, min, max, m_host.RowColor(first), hasSecond, b);
+  }
+  plot.SetIntegralMode(1);
+}
+
+}  // namespace plotcompiler
