@@ -3,6 +3,7 @@
 #include <QString>
 
 #include <array>
+#include <cstdint>
 
 namespace core {
 
@@ -28,6 +29,11 @@ struct SharedState {
   // Path of the current project file, "" while unsaved, and whether it has unsaved changes.
   QString ProjectPath;
   bool ProjectChanged = false;
+  // The editor the insert dialog works on: the input tab (0 a function row, 1 the inequality, 2
+  // the parametric, 3 the 3D inputs) and which editor of it (for a row, its index). They keep
+  // their last values after the dialog has gone.
+  std::int16_t InsertSource = 0;
+  double InsertIndex = 0;
 };
 
 // Fills FunctionTokens, ConstantNames and CommandPhrases. Runs once, before any row is compiled.

@@ -1,0 +1,48 @@
+// Quillograph: the program. Starts the application with the program's look, then hands over to
+// the start-up procedure, which shows the main form and loads the project the command line names.
+#include "core/IniSettingsStore.h"
+#include "core/SharedState.h"
+#include "core/Startup.h"
+#include "platform/DataFolder.h"
+#include "platform/QtColorChooser.h"
+#include "platform/QtMessageBoxes.h"
+#include "rows/frmMain.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QIcon>
+
+#include <memory>
+
+namespace {
+
+void ApplyLook(QApplication& application) {
+  QApplication::setStyle(QStringLiteral("Fusion"));
+  if (QDir(QStringLiteral("/usr/share/icons/breeze")).exists()) QIcon::setThemeName(QStringLiteral("breeze"));
+  QFile sheet(platform::DataFile(QStringLiteral("Ribbon/Quillograph.qss")));
+  if (sheet.open(QIODevice::ReadOnly)) application.setStyleSheet(QString::fromUtf8(sheet.readAll()));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("Quillograph"));
+  QApplication::setOrganizationName(QStringLiteral("Quillograph"));
+  ApplyLook(application);
+
+  core::SharedState state;
+  core::IniSettingsStore settings;
+  platform::QtMessageBoxes boxes;
+  platform::QtColorChooser colors;
+  std::unique_ptr<rows::frmMain> form;
+
+  core::StartupHooks hooks;
+  hooks.ShowMainForm = [&] {
+    form = std::make_unique<rows::frmMain>(state, rows::MainServices{settings, boxes, colors});
+    form->show();
+  };
+  core::Main(state, settings, core::CommandLineOf(QApplication::arguments()), hooks);
+  return QApplication::exec();
+}

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "InsertTarget.h"
+
+#include "core/SharedState.h"
+#include "platform/MessageBoxes.h"
+#include "ribbon/CommandBars.h"
+
+#include <QDialog>
+#include <QTimer>
+
+class QLabel;
+class QLineEdit;
+class QMenuBar;
+class QPushButton;
+
+namespace mathx {
+class MthX;
+}
+
+namespace dialogs {
+
+// The large editor for one equation, shown in two styles that follow each other: typeset in
+// mthStandard and as plain text in txtLinear. Insert writes the equation back to the editor of
+// the main form it came from (InsertSource, InsertIndex); Cancel, closing and losing the
+// activation write nothing. Its menu bar (Ribbon/Menubar.xcb) holds point templates, the
+// derivative and display commands. The window grows with the equation and shrinks back.
+class frmInsert : public QDialog {
+  Q_OBJECT
+
+public:
+  frmInsert(core::SharedState& state, platform::MessageBoxes& boxes, InsertTarget& target,
+            const QString& menuBarFile, QWidget* parent = nullptr);
+  ~frmInsert() override;
+
+  mathx::MthX* mthStandard() const { return m_mthStandard; }
+  QLineEdit* txtLinear() const { return m_txtLinear; }
+  QPushButton* btnInsert() const { return m_btnInsert; }
+  QPushButton* btnCancel() const { return m_btnCancel; }
+  ribbon::CommandBars& CommandBars() { return m_bars; }
+  QMenuBar* MenuBar() const { return m_menuBar; }
+
+  // The menu bar's commands, by the control that fired.
+  void CommandBars_Execute(ribbon::CommandControl& control);
+  void Insert();
+  void Cancel();
+  // The size the window grows towards, and one step of the growing (the timer's tick).
+  QSize WantedSize() const;
+  void Animate();
+
+protected:
+  bool event(QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+private:
+  void Fill();
+  void StandardChanged();
+  void LinearChanged();
+  void Derivative();
+  void DisplayCommand(ribbon::CommandControl& control);
+  void SetBoth(const QString& standard, const QString& linear);
+  void Unload();
+  void PlaceControls();
+
+  core::SharedState& m_state;
+  platform::MessageBoxes& m_boxes;
+  InsertTarget& m_target;
+  ribbon::CommandBars m_bars;
+  QMenuBar* m_menuBar;
+  QWidget* m_grpAllControls;
+  QLabel* m_lblStandard;
+  mathx::MthX* m_mthStandard;
+  QWidget* m_grpControls;
+  QLabel* m_lblLinear;
+  QLineEdit* m_txtLinear;
+  QPushButton* m_btnInsert;
+  QPushButton* m_btnCancel;
+  QTimer m_tmrAnimater;
+  bool m_unloading = false;
+  bool m_answering = false;  // a message box of ours is up: losing the activation to it is no leave
+};
+
+}  // namespace dialogs

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "plotcompiler/ReplotHost.h"
+
+#include <functional>
+
+namespace rows {
+
+class frmMain;
+
+// The main form as the replot driver reads it: its rows, tabs, ribbon checks, integral bounds
+// and status pane.
+class FormReplotHost : public plotcompiler::ReplotHost {
+public:
+  explicit FormReplotHost(frmMain& form) : m_form(form) {}
+
+  int RowCount() const override;
+  QString RowText(int row) const override;
+  std::int32_t RowColor(int row) const override;
+  bool RowNoteVisible(int row) const override;
+  QString RowAttributes(int row) const override;
+  int SelectedTab() const override;
+  bool RibbonChecked(std::int32_t id) const override;
+  QString IntegralMinText() const override;
+  QString IntegralMaxText() const override;
+  void SetStatusText(const QString& text) override;
+  void SetInputEnabled(bool enabled) override;
+  void ShowFullScreen() override;
+
+  // What "enterfullscreen" opens; the full-screen form sets it.
+  std::function<void()> OnFullScreen;
+
+private:
+  frmMain& m_form;
+};
+
+}  // namespace rows

@@ -1,0 +1,376 @@
+#include "FunctionList.h"
+
+#include "ColorButton.h"
+#include "RowBuilder.h"
+#include "RowMetrics.h"
+#include "RowStatusIcons.h"
+
+#include "core/ColorController.h"
+#include "core/NumberText.h"
+#include "core/RuntimeError.h"
+#include "core/Tag.h"
+#include "core/TextFunctions.h"
+#include "core/Twips.h"
+#include "mathx/MthX.h"
+
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QResizeEvent>
+#include <QWheelEvent>
+
+namespace rows {
+
+using core::Px;
+using core::Tw;
+using namespace metrics;
+
+namespace {
+
+constexpr int kBottomBarHeight = 44;  // pixels: the buttons under the list
+
+// Runs f with the editor's change guard set, as every write of the program does.
+template <typename F>
+void Quietly(mathx::MthX* editor, F&& f) {
+  core::SetTag(editor, core::kQuiet);
+  f();
+  core::SetTag(editor, QString());
+}
+
+}  // namespace
+
+FunctionList::FunctionList(core::SharedState& state, platform::MessageBoxes& boxes, platform::ColorChooser& chooser,
+                           QWidget* parent)
+    : QWidget(parent), m_state(state), m_boxes(boxes), m_chooser(chooser) {
+  setObjectName(QStringLiteral("FunctionList"));
+  m_grpFunctions = new QWidget(this);
+  m_grpFunctions->setObjectName(QStringLiteral("grpFunctions"));
+  m_grpFunctions->setAttribute(Qt::WA_StyledBackground);
+  m_picFunction = new QWidget(m_grpFunctions);
+  m_picFunction->setObjectName(QStringLiteral("picFunction"));
+  m_scrlFunctions = new QScrollBar(Qt::Vertical, m_grpFunctions);
+  m_scrlFunctions->setObjectName(QStringLiteral("scrlFunctions"));
+  m_scrlFunctions->hide();
+  connect(m_scrlFunctions, &QScrollBar::valueChanged, this, &FunctionList::Scroll);
+
+  m_grpControlFunctions = new QWidget(this);
+  m_grpControlFunctions->setObjectName(QStringLiteral("grp_Control_Functions"));
+  auto* buttons = new QHBoxLayout(m_grpControlFunctions);
+  buttons->setContentsMargins(6, 6, 6, 6);
+  m_cmdAddFunction = new QPushButton(tr("&Add row"), m_grpControlFunctions);
+  m_cmdAddFunction->setObjectName(QStringLiteral("cmdAddFunction"));
+  m_cmdAddFunction->setToolTip(tr("Add a row under the last one (Ctrl+Shift+N)"));
+  m_cmdAddFunction->setShortcut(QKeySequence(QStringLiteral("Ctrl+Shift+N")));
+  m_cmdClearAllFunction = new QPushButton(tr("C&lear all"), m_grpControlFunctions);
+  m_cmdClearAllFunction->setObjectName(QStringLiteral("cmdClearAllFunction"));
+  m_cmdClearAllFunction->setToolTip(tr("Remove every row"));
+  buttons->addWidget(m_cmdAddFunction);
+  buttons->addWidget(m_cmdClearAllFunction);
+  buttons->addStretch();
+  connect(m_cmdAddFunction, &QPushButton::clicked, this, [this] {
+    AddFunction(false);
+    emit CloseInsertRequested();
+  });
+  connect(m_cmdClearAllFunction, &QPushButton::clicked, this, &FunctionList::ClearAllFunctions);
+
+  // Row 0 exists from the start.
+  m_rows.push_back(RowBuilder::Create(*m_picFunction, m_chooser, 0, false));
+  FunctionRow& first = m_rows.front();
+  first.Top = 0;
+  first.Height = kMinRowHeight;
+  first.colrFunction->SetColor(255);
+  first.colrFunction->SetDefaultColor(255);
+  Connect(0);
+  core::SetTag(first.mthFunction, QString());
+}
+
+FunctionList::~FunctionList() = default;
+
+void FunctionList::Connect(int index) {
+  FunctionRow& row = Row(index);
+  connect(row.mthFunction, &mathx::MthX::Clicked, this, [this, index] { EditorClicked(index); });
+  connect(row.mthFunction, &mathx::MthX::Change, this, [this, index] { EditorChanged(index); });
+  connect(row.colrFunction, &ColorButton::ColorChanged, this, [this] { emit Changed(); });
+  connect(row.colrFunction, &ColorButton::FocusIn, this, [this, index] { SetActiveRow(index); });
+  connect(row.rchfunNote, &QTextEdit::textChanged, this, [this] { emit Changed(); });
+  connect(row.btnMore, &QToolButton::clicked, this, [this, index] {
+    SetActiveRow(index);
+    emit MoreRequested(index);
+  });
+  row.rchfunNote->installEventFilter(this);
+  row.rchfunNote->viewport()->installEventFilter(this);
+  row.grpFunction->installEventFilter(this);
+  row.mthFunction->installEventFilter(this);
+  for (QObject* o : {static_cast<QObject*>(row.rchfunNote), static_cast<QObject*>(row.rchfunNote->viewport()),
+                     static_cast<QObject*>(row.grpFunction), static_cast<QObject*>(row.mthFunction)}) {
+    o->setProperty("rowIndex", index);
+  }
+}
+
+bool FunctionList::eventFilter(QObject* watched, QEvent* event) {
+  const QVariant index = watched->property("rowIndex");
+  if (!index.isValid()) return QWidget::eventFilter(watched, event);
+  const int i = index.toInt();
+  switch (event->type()) {
+    case QEvent::FocusIn:
+      if (watched != Row(i).mthFunction) SetActiveRow(i);
+      break;
+    case QEvent::MouseButtonPress:
+      if (watched == Row(i).grpFunction) SetActiveRow(i);
+      break;
+    case QEvent::MouseButtonRelease: {
+      auto* mouse = static_cast<QMouseEvent*>(event);
+      if (mouse->button() == Qt::RightButton && watched != Row(i).mthFunction && watched != Row(i).grpFunction) {
+        core::SetTag(this, QString::number(i));
+        emit NoteMenuRequested(i, mouse->globalPosition().toPoint());
+        return true;
+      }
+      break;
+    }
+    case QEvent::ContextMenu:
+      // The note's menu comes with the button's release, not the text box's own menu.
+      if (watched == Row(i).rchfunNote || watched == Row(i).rchfunNote->viewport()) return true;
+      break;
+    case QEvent::KeyPress: {
+      // The keyboard's way into the insert dialog from a row's editor.
+      const int key = static_cast<QKeyEvent*>(event)->key();
+      if (watched == Row(i).mthFunction && (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_F2)) {
+        EditorClicked(i);
+        return true;
+      }
+      break;
+    }
+    default: break;
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+void FunctionList::SetActiveRow(int row) {
+  m_activeRow = row;
+  Refresh_ActivateLines();
+}
+
+void FunctionList::EditorClicked(int index) {
+  SetActiveRow(index);
+  if (core::Tag(Row(index).mthFunction) == core::kQuiet) return;
+  m_state.InsertSource = 0;
+  m_state.InsertIndex = index;
+  emit InsertRequested(index);
+}
+
+void FunctionList::EditorChanged(int index) {
+  FunctionRow& row = Row(index);
+  if (core::Tag(row.mthFunction) == core::kQuiet) return;
+  RowBuilder::FixEditorWidth(row);
+  const double editorHeight = core::MaxValue(Tw(row.mthFunction->height()), kMinEditorHeight);
+  row.mthFunction->resize(row.mthFunction->width(), Px(editorHeight));
+  row.Height = core::MaxValue(Tw(row.mthFunction->height()) + Tw(row.mthFunction->y()) + kRowMargin, kChangedRowHeight);
+  row.grpFunction->resize(row.grpFunction->width(), Px(row.Height));
+  Refresh_mth_Height(false);
+  RowBuilder::FixEditorWidth(row);
+  emit ReplotRequested(false);
+  emit Changed();
+}
+
+void FunctionList::AddFunction(bool ShowNote) {
+  const int i = HighestIndex() + 1;
+  if (i > kHighestRowIndex) {
+    m_boxes.Show(QStringLiteral("The maximum number of functions is 110."), platform::MessageBoxes::Buttons::Ok,
+                 platform::MessageBoxes::Icon::Exclamation, QStringLiteral("Max Function - [Info-0004]"));
+    return;
+  }
+  const FunctionRow& previous = Row(i - 1);
+  FunctionRow row = RowBuilder::Create(*m_picFunction, m_chooser, i, ShowNote);
+  row.Top = previous.Top + previous.Height;
+  row.Height = kMinRowHeight;
+  const std::int32_t color = core::NextRowColor(previous.colrFunction->DefaultColor());
+  row.colrFunction->SetColor(color);
+  row.colrFunction->SetDefaultColor(color);
+  row.grpFunction->show();
+  m_rows.push_back(row);
+  Connect(i);
+  Quietly(row.mthFunction, [&] { row.mthFunction->SetText(QString()); });
+  m_picHeight = row.Top + row.Height;
+  Refresh_mth_Height(true);
+  m_cmdAddFunction->setFocus();
+}
+
+RowContents FunctionList::Contents(int index) const {
+  const FunctionRow& row = Row(index);
+  return {row.mthFunction->Text(), row.colrFunction->Color(), core::Tag(row.grpFunction), row.rchfunNote->toHtml(),
+          !row.rchfunNote->isHidden()};
+}
+
+void FunctionList::SetContents(int index, const RowContents& contents) {
+  FunctionRow& row = Row(index);
+  Quietly(row.mthFunction, [&] { row.mthFunction->SetText(contents.Text); });
+  const QSignalBlocker colorQuiet(row.colrFunction);
+  row.colrFunction->SetColor(contents.Color);
+  core::SetTag(row.grpFunction, contents.Attributes);
+  const QSignalBlocker noteQuiet(row.rchfunNote);
+  row.rchfunNote->setHtml(contents.NoteHtml);
+  row.rchfunNote->setVisible(contents.NoteVisible);
+}
+
+std::vector<RowContents> FunctionList::CopyRows() const {
+  std::vector<RowContents> rows;
+  for (int i = 0; i <= HighestIndex(); ++i) rows.push_back(Contents(i));
+  return rows;
+}
+
+void FunctionList::RemoveFunction(int Index, bool Replot) {
+  if (HighestIndex() == 0) {
+    // The only row is reset, whatever the index; the plot keeps the curve until the next replot.
+    FunctionRow& row = Row(0);
+    core::SetTag(row.grpFunction, QString::fromLatin1(kDefaultAttributes));
+    core::SetTag(row.mthFunction, core::kQuiet);
+    row.mthFunction->SetText(QString());
+    {
+      const QSignalBlocker colorQuiet(row.colrFunction);
+      row.colrFunction->SetColor(255);
+      const QSignalBlocker noteQuiet(row.rchfunNote);
+      row.rchfunNote->setPlainText(QString::fromLatin1(kDefaultNote));
+      row.rchfunNote->hide();
+    }
+    Refresh_mth_Height(false);
+    core::SetTag(row.mthFunction, QString());
+    return;
+  }
+  if (Index == HighestIndex()) {
+    core::SetTag(Row(Index).mthFunction, core::kQuiet);
+    RowBuilder::Destroy(m_rows.back());
+    m_rows.pop_back();
+    Refresh_mth_Height(false);
+    return;
+  }
+  const std::vector<RowContents> saved = CopyRows();
+  core::SetTag(m_rows.back().mthFunction, core::kQuiet);
+  RowBuilder::Destroy(m_rows.back());
+  m_rows.pop_back();
+  // Every row from the index on takes the contents of the row under it; an index past the end
+  // moves nothing.
+  for (int i = HighestIndex(); i >= Index && i >= 0; --i) SetContents(i, saved[static_cast<std::size_t>(i + 1)]);
+  Refresh_mth_Height(false);
+  if (Replot) emit ReplotRequested(true);
+}
+
+void FunctionList::MoveFunctionTo(int Index, int Target) {
+  if (Target > HighestIndex() || Target < 0) return;
+  if (Index < 0 || Index > HighestIndex()) return;
+  const std::vector<RowContents> saved = CopyRows();
+  SetContents(Index, saved[static_cast<std::size_t>(Target)]);
+  SetContents(Target, saved[static_cast<std::size_t>(Index)]);
+  Refresh_mth_Height(false);
+  emit CloseInsertRequested();
+  emit ReplotRequested(false);
+}
+
+void FunctionList::ClearAllFunctions() {
+  m_activeRow = 0;
+  const auto answer = m_boxes.Show(QStringLiteral("Are you sure you want to clear all functions?"),
+                                   platform::MessageBoxes::Buttons::YesNo, platform::MessageBoxes::Icon::Question,
+                                   QStringLiteral("Delete All Function - [Msg-0001]"));
+  if (answer == platform::MessageBoxes::Answer::No) return;
+  // The index rises while the list shrinks: each call takes one row, the last one resets row 0.
+  const int n = HighestIndex();
+  for (int i = 0; i <= n; ++i) RemoveFunction(i, false);
+  emit ReplotRequested(false);
+  m_scrlFunctions->setValue(0);
+  Scroll(0);
+}
+
+void FunctionList::Refresh_mth_Height(bool ScrollToEnd) {
+  for (int i = 0; i <= HighestIndex(); ++i) {
+    FunctionRow& row = Row(i);
+    row.Height = static_cast<float>(
+        core::MaxValue(Tw(row.mthFunction->height()) + Tw(row.mthFunction->y()) + kRowMargin, kMinRowHeight));
+    core::SetTag(row.mthFunction, core::kQuiet);
+    row.mthFunction->setVisible(row.rchfunNote->isHidden());
+    RowBuilder::FixEditorWidth(row);
+    row.rchfunNote->setGeometry(row.mthFunction->x(), row.mthFunction->y(), Px(kEditorWidth), row.mthFunction->height());
+    row.rchfunNote->selectAll();
+    if (i != 0) row.Top = Row(i - 1).Top + Row(i - 1).Height;
+    core::SetTag(row.mthFunction, QString());
+    for (QFrame* line : {row.ActiveLine_UP, row.ActiveLine_Down, row.ActiveLine_Left, row.ActiveLine_Right}) {
+      line->setVisible(i == m_activeRow);
+    }
+    RowBuilder::PlaceFrame(row);
+    PlaceStatusIcon(row, i);
+  }
+  const FunctionRow& last = Row(HighestIndex());
+  m_picHeight = last.Top + last.Height;
+  PlaceList();
+  m_scrlFunctions->setMaximum(std::max(0, static_cast<int>(m_picHeight - m_listHeight + kScrollMargin)));
+  m_scrlFunctions->setSingleStep(static_cast<int>(Row(0).Height));
+  m_scrlFunctions->setPageStep(static_cast<int>(5 * Row(0).Height));
+  m_scrlFunctions->setVisible(m_picHeight > m_listHeight);
+  if (ScrollToEnd) m_scrlFunctions->setValue(m_scrlFunctions->maximum());
+  Scroll(m_scrlFunctions->value());
+}
+
+void FunctionList::PlaceStatusIcon(FunctionRow& row, int index) {
+  (void)index;
+  const QStringList options = core::Split(core::Tag(row.grpFunction), QStringLiteral(","));
+  const bool hasCommand = row.mthFunction->Text().contains(QStringLiteral("command"));
+  bool visible = true;
+  core::TryStep([&] { visible = core::StrictToBoolean(core::At(options, 4)); });
+  const bool showIcon = hasCommand == visible;
+  row.imgInvisible->setVisible(showIcon);
+  if (showIcon) row.imgInvisible->setIcon(RowStatusIcons::Icon(RowStatusIcons::Hidden));
+  if (hasCommand) row.imgInvisible->setIcon(RowStatusIcons::Icon(RowStatusIcons::Command));
+  if (!row.rchfunNote->isHidden()) {
+    row.imgInvisible->setIcon(RowStatusIcons::Icon(RowStatusIcons::Note));
+    row.imgInvisible->show();
+    row.colrFunction->hide();
+  } else {
+    row.colrFunction->setVisible(row.imgInvisible->isHidden());
+  }
+  row.imgInvisible->setToolTip(!row.rchfunNote->isHidden() ? tr("A note")
+                               : hasCommand                ? tr("A display command")
+                                                           : tr("Hidden: not drawn"));
+}
+
+void FunctionList::Refresh_ActivateLines() {
+  for (int i = 0; i <= HighestIndex(); ++i) {
+    const FunctionRow& row = Row(i);
+    for (QFrame* line : {row.ActiveLine_UP, row.ActiveLine_Down, row.ActiveLine_Left, row.ActiveLine_Right}) {
+      line->setVisible(i == m_activeRow);
+    }
+  }
+}
+
+void FunctionList::SetListHeight(double twips) {
+  m_listHeight = twips;
+  PlaceList();
+}
+
+// The rows' frames at their tops, the list as high as its rows, and the scroll bar beside it.
+void FunctionList::PlaceList() {
+  const int scrollWidth = m_scrlFunctions->sizeHint().width();
+  const int width = m_grpFunctions->width() - (m_scrlFunctions->isVisible() ? scrollWidth : 0);
+  m_picFunction->resize(width, Px(m_picHeight));
+  for (FunctionRow& row : m_rows) row.grpFunction->setGeometry(0, Px(row.Top), width, Px(row.Height));
+  m_scrlFunctions->setGeometry(m_grpFunctions->width() - scrollWidth, 0, scrollWidth, Px(m_listHeight));
+}
+
+void FunctionList::Scroll(int position) { m_picFunction->move(0, Px(kListTop - position)); }
+
+void FunctionList::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  const int w = width();
+  m_grpControlFunctions->setGeometry(0, height() - kBottomBarHeight, w, kBottomBarHeight);
+  const double listHeight = Tw(height()) - Tw(kBottomBarHeight) - Tw(m_grpFunctions->y()) - 60;
+  m_grpFunctions->setGeometry(0, 0, w, Px(listHeight));
+  SetListHeight(listHeight);
+  Refresh_mth_Height(false);
+}
+
+void FunctionList::wheelEvent(QWheelEvent* event) {
+  if (!m_scrlFunctions->isVisible()) return;
+  const int steps = event->angleDelta().y() / 120;
+  m_scrlFunctions->setValue(m_scrlFunctions->value() - steps * m_scrlFunctions->singleStep());
+  event->accept();
+}
+
+}  // namespace rows

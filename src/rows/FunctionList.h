@@ -1,0 +1,101 @@
+#pragma once
+
+#include "FunctionRow.h"
+
+#include "core/SharedState.h"
+#include "platform/ColorChooser.h"
+#include "platform/MessageBoxes.h"
+
+#include <QPushButton>
+#include <QScrollBar>
+#include <QWidget>
+
+#include <vector>
+
+namespace rows {
+
+// The function list, the first page of the input tabs: the rows stacked in picFunction, which
+// slides under its window grpFunctions as scrlFunctions moves, and the buttons that add a row and
+// clear the list. It adds, removes, exchanges and lays out rows; what a change means for the
+// picture and the project it tells through its signals.
+class FunctionList : public QWidget {
+  Q_OBJECT
+
+public:
+  FunctionList(core::SharedState& state, platform::MessageBoxes& boxes, platform::ColorChooser& chooser,
+               QWidget* parent = nullptr);
+  ~FunctionList() override;
+
+  // Rows 0 to HighestIndex(); there is always at least one.
+  int HighestIndex() const { return static_cast<int>(m_rows.size()) - 1; }
+  FunctionRow& Row(int index) { return m_rows.at(static_cast<std::size_t>(index)); }
+  const FunctionRow& Row(int index) const { return m_rows.at(static_cast<std::size_t>(index)); }
+  RowContents Contents(int index) const;
+  void SetContents(int index, const RowContents& contents);
+
+  void AddFunction(bool ShowNote);
+  void RemoveFunction(int Index, bool Replot);
+  void MoveFunctionTo(int Index, int Target);
+  void MoveFunctionUp(int Index) { MoveFunctionTo(Index, Index - 1); }
+  void MoveFunctionDown(int Index) { MoveFunctionTo(Index, Index + 1); }
+  // The click of cmdClearAllFunction: asks, then leaves one empty row.
+  void ClearAllFunctions();
+  void Refresh_mth_Height(bool ScrollToEnd);
+  void Refresh_ActivateLines();
+
+  int ActiveRow() const { return m_activeRow; }
+  void SetActiveRow(int row);
+
+  QWidget* grpFunctions() const { return m_grpFunctions; }
+  QWidget* picFunction() const { return m_picFunction; }
+  QScrollBar* scrlFunctions() const { return m_scrlFunctions; }
+  QPushButton* cmdAddFunction() const { return m_cmdAddFunction; }
+  QPushButton* cmdClearAllFunction() const { return m_cmdClearAllFunction; }
+  QWidget* grp_Control_Functions() const { return m_grpControlFunctions; }
+
+  // Heights of the list's window and the scroll bar, from the form's resize (twips).
+  void SetListHeight(double twips);
+
+signals:
+  // The picture must be drawn again from the rows (the replot driver, with or without 3D).
+  void ReplotRequested(bool with3D);
+  // The project has changes to save.
+  void Changed();
+  // A click on a row's editor asks for the insert dialog, for that row.
+  void InsertRequested(int row);
+  // The insert dialog must close (rows were exchanged under it).
+  void CloseInsertRequested();
+  // A click on btnMore(row), and a right-button release on a note.
+  void MoreRequested(int row);
+  void NoteMenuRequested(int row, QPoint globalPosition);
+
+protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+
+private:
+  void Connect(int index);
+  void EditorClicked(int index);
+  void EditorChanged(int index);
+  void PlaceList();
+  void PlaceStatusIcon(FunctionRow& row, int index);
+  std::vector<RowContents> CopyRows() const;
+  void Scroll(int position);
+
+  core::SharedState& m_state;
+  platform::MessageBoxes& m_boxes;
+  platform::ColorChooser& m_chooser;
+  std::vector<FunctionRow> m_rows;
+  int m_activeRow = 0;
+  QWidget* m_grpFunctions;
+  QWidget* m_picFunction;
+  QScrollBar* m_scrlFunctions;
+  QWidget* m_grpControlFunctions;
+  QPushButton* m_cmdAddFunction;
+  QPushButton* m_cmdClearAllFunction;
+  double m_picHeight = 0;  // twips
+  double m_listHeight = 0;  // twips: grpFunctions' height
+};
+
+}  // namespace rows

@@ -1,0 +1,121 @@
+#include "RowBuilder.h"
+
+#include "ColorButton.h"
+#include "RowMetrics.h"
+
+#include "core/Tag.h"
+#include "core/Twips.h"
+#include "mathx/MthX.h"
+#include "ribbon/Icons.h"
+
+#include <QTextEdit>
+
+namespace rows {
+
+using core::Px;
+using namespace metrics;
+
+namespace {
+
+QFrame* Line(QWidget* parent, const char* name) {
+  auto* line = new QFrame(parent);
+  line->setObjectName(QString::fromLatin1(name));
+  line->setProperty("activeLine", true);
+  line->hide();
+  return line;
+}
+
+}  // namespace
+
+FunctionRow RowBuilder::Create(QWidget& picFunction, platform::ColorChooser& chooser, int index, bool showNote) {
+  FunctionRow row;
+  row.grpFunction = new QFrame(&picFunction);
+  row.grpFunction->setObjectName(QStringLiteral("grpFunction"));
+  row.grpFunction->setFocusPolicy(Qt::ClickFocus);
+  core::SetTag(row.grpFunction, QString::fromLatin1(kDefaultAttributes));
+
+  row.colrFunction = new ColorButton(chooser, row.grpFunction);
+  row.colrFunction->SetCaption(QString::number(index + 1));
+  row.colrFunction->setGeometry(Px(kColorLeft), Px(kEditorTop + (kMinEditorHeight - kColorSize) / 2), Px(kColorSize),
+                                Px(kColorSize));
+
+  row.mthFunction = new mathx::MthX(row.grpFunction);
+  core::SetTag(row.mthFunction, core::kQuiet);
+  row.mthFunction->setObjectName(QStringLiteral("mthFunction"));
+  row.mthFunction->SetForeColor(16711680);
+  row.mthFunction->move(Px(kEditorLeft), Px(kEditorTop));
+  row.mthFunction->resize(Px(kEditorWidth), Px(kMinEditorHeight));
+  row.mthFunction->setCursor(Qt::PointingHandCursor);
+  row.mthFunction->setToolTip(QObject::tr("Click to edit this row"));
+
+  row.btnMore = new QToolButton(row.grpFunction);
+  row.btnMore->setObjectName(QStringLiteral("btnMore"));
+  row.btnMore->setIcon(ribbon::IconFor(QStringLiteral("row-more")));
+  row.btnMore->setAutoRaise(true);
+  row.btnMore->setToolTip(QObject::tr("More for this row"));
+  row.btnMore->setFocusPolicy(Qt::TabFocus);
+
+  row.rchfunNote = new QTextEdit(row.grpFunction);
+  row.rchfunNote->setObjectName(QStringLiteral("rchfunNote"));
+  row.rchfunNote->setVisible(showNote);
+  row.rchfunNote->setGeometry(row.mthFunction->geometry());
+  row.rchfunNote->setPlainText(QString::fromLatin1(kDefaultNote));
+  row.rchfunNote->selectAll();
+
+  const auto icon = [&row](const char* name) {
+    auto* image = new QToolButton(row.grpFunction);
+    image->setObjectName(QString::fromLatin1(name));
+    image->setAutoRaise(true);
+    image->setIconSize(QSize(16, 16));
+    image->setGeometry(row.colrFunction->geometry());
+    image->setFocusPolicy(Qt::NoFocus);
+    image->hide();
+    return image;
+  };
+  row.imgInvisible = icon("imgInvisible");
+  row.imgNote = icon("imgNote");
+
+  row.ActiveLine_UP = Line(row.grpFunction, "ActiveLine_UP");
+  row.ActiveLine_Down = Line(row.grpFunction, "ActiveLine_Down");
+  row.ActiveLine_Left = Line(row.grpFunction, "ActiveLine_Left");
+  row.ActiveLine_Right = Line(row.grpFunction, "ActiveLine_Right");
+  PlaceFrame(row);
+  return row;
+}
+
+void RowBuilder::Destroy(FunctionRow& row) {
+  for (QWidget* widget : {static_cast<QWidget*>(row.mthFunction), static_cast<QWidget*>(row.colrFunction),
+                          static_cast<QWidget*>(row.btnMore), static_cast<QWidget*>(row.rchfunNote),
+                          static_cast<QWidget*>(row.ActiveLine_UP), static_cast<QWidget*>(row.ActiveLine_Down),
+                          static_cast<QWidget*>(row.ActiveLine_Left), static_cast<QWidget*>(row.ActiveLine_Right),
+                          static_cast<QWidget*>(row.imgInvisible), static_cast<QWidget*>(row.imgNote),
+                          static_cast<QWidget*>(row.grpFunction)}) {
+    if (widget == nullptr) continue;
+    // A handler of the row itself may be running (its menu removes it): go when it has returned.
+    widget->hide();
+    widget->setParent(nullptr);
+    widget->deleteLater();
+  }
+  row = FunctionRow{};
+}
+
+void RowBuilder::FixEditorWidth(FunctionRow& row) {
+  row.mthFunction->resize(Px(kEditorWidth), row.mthFunction->height());
+}
+
+void RowBuilder::PlaceFrame(FunctionRow& row) {
+  const QRect editor = row.mthFunction->geometry();
+  const int top = Px(kFrameTop);
+  const int bottom = Px(std::max<double>(core::Tw(editor.height()), kMinEditorHeight)) + editor.top();
+  const int left = editor.left() - Px(kFrameOutset);
+  const int right = editor.left() + Px(kEditorWidth) + Px(kFrameOutset);
+  const int line = std::max(1, Px(kFrameLine));
+  row.ActiveLine_UP->setGeometry(left, top, right - left, line);
+  row.ActiveLine_Down->setGeometry(left, bottom, right - left, line);
+  row.ActiveLine_Left->setGeometry(left, top, line, bottom - top + line);
+  row.ActiveLine_Right->setGeometry(right - line, top, line, bottom - top + line);
+  const int more = Px(kMoreSize);
+  row.btnMore->setGeometry(right + Px(kMoreGap), editor.top() + (Px(kMinEditorHeight) - more) / 2, more, more);
+}
+
+}  // namespace rows

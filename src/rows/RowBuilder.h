@@ -1,0 +1,26 @@
+#pragma once
+
+#include "FunctionRow.h"
+
+#include "platform/ColorChooser.h"
+
+class QWidget;
+
+namespace rows {
+
+// Makes and unmakes the widgets of a row, and places them inside the row's frame.
+class RowBuilder {
+public:
+  // The widgets of a new row inside picFunction, each placed, the note hidden unless showNote.
+  // The editor's tag is "NOT" when it comes back.
+  static FunctionRow Create(QWidget& picFunction, platform::ColorChooser& chooser, int index, bool showNote);
+  // Destroys the widgets in the order mthFunction, colrFunction, btnMore, rchfunNote, the four
+  // frame lines, imgInvisible, imgNote, grpFunction.
+  static void Destroy(FunctionRow& row);
+  // The frame lines and the button beside the editor, after the editor's height changed.
+  static void PlaceFrame(FunctionRow& row);
+  // The editor's width, which the editor widens on its own.
+  static void FixEditorWidth(FunctionRow& row);
+};
+
+}  // namespace rows

@@ -1,0 +1,348 @@
+// The insert dialog: the two styles following each other, its menu bar's commands, Insert and
+// Cancel for every source, and its growing size.
+#include "core/Twips.h"
+#include "dialogs/frmInsert.h"
+#include "mathx/MthX.h"
+#include "platform/DataFolder.h"
+
+#include <gtest/gtest.h>
+
+#include "FakeDesktop.h"
+#include "QtPrinters.h"
+#include "StateSupport.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QTest>
+
+#include <map>
+
+using dialogs::frmInsert;
+
+namespace {
+
+// The main form's editors, as plain texts.
+class FakeTarget : public dialogs::InsertTarget {
+public:
+  QString EditorText(std::int16_t source, double index) const override {
+    const auto found = texts.find({source, index});
+    return found == texts.end() ? QString() : found->second;
+  }
+  void SetEditorText(std::int16_t source, double index, const QString& text) override {
+    texts[{source, index}] = text;
+    writes << QStringLiteral("%1/%2=%3").arg(source).arg(index).arg(text);
+  }
+  QString InequalityOperator(int index) const override { return relations.at(index); }
+  void SetInequalityOperator(int index, const QString& relation) override {
+    relations[index] = relation;
+    writes << QStringLiteral("op%1=%2").arg(index).arg(relation);
+  }
+  void FocusAfter(std::int16_t source, bool inserted) override {
+    focus << QStringLiteral("%1:%2").arg(source).arg(inserted ? "insert" : "cancel");
+  }
+
+  std::map<std::pair<int, double>, QString> texts;
+  std::map<int, QString> relations{{0, ">"}, {1, ">"}};
+  QStringList writes, focus;
+};
+
+struct DialogFixture {
+  DialogFixture() : state(InitialisedState()) {}
+
+  frmInsert& Open(std::int16_t source, double index) {
+    state.InsertSource = source;
+    state.InsertIndex = index;
+    dialog = new frmInsert(state, boxes, target, platform::DataFile("Ribbon/Menubar.xcb"));
+    dialog->show();
+    return *dialog;
+  }
+  ~DialogFixture() { delete dialog.data(); }
+
+  // Types into the linear style as the user does, with the focus in it.
+  void TypeLinear(const QString& text) {
+    dialog->txtLinear()->setFocus();
+    QApplication::setActiveWindow(dialog);
+    dialog->txtLinear()->setFocus();
+    dialog->txtLinear()->selectAll();
+    QTest::keyClicks(dialog->txtLinear(), text);
+  }
+  void Execute(int id) { dialog->CommandBars().Execute(*dialog->CommandBars().FindControl(id)); }
+  bool Enabled(int id) { return dialog->CommandBars().FindControl(id)->Enabled(); }
+
+  core::SharedState state;
+  RecordingBoxes boxes;
+  FakeTarget target;
+  QPointer<frmInsert> dialog;
+};
+
+}  // namespace
+
+TEST(frmInsert, OpensWithTheEditorsTextInBothStyles) {
+  DialogFixture f;
+  f.target.texts[{0, 3}] = "declare(y=x^2,domain(x,0,3,2))";
+  frmInsert& d = f.Open(0, 3);
+  EXPECT_EQ(d.mthStandard()->Text(), "declare(y=x^2,domain(x,0,3,2))");
+  EXPECT_EQ(d.txtLinear()->text(), "y=x^2;0<x<=3");
+  EXPECT_TRUE(d.CommandBars().FindByName("menuInsert")->Visible());
+}
+
+TEST(frmInsert, OpensForEverySourceAsTheTableSays) {
+  struct Case {
+    std::int16_t source;
+    double index;
+    const char* text;
+    const char* standard;
+    const char* linear;
+  };
+  const Case cases[] = {
+      {1, 0, "x+1", ">x+1", ">x+1"},
+      {1, 1, "2[x]", ">=2[x]", ">=2fix(x)"},
+      {2, 1, "cos(t)", "x=cos(t)", "x=cos(t)"},
+      {2, 2, "sin(t)", "y=sin(t)", "y=sin(t)"},
+      {3, 1, "sin(x)*cos(y)", "sin(x)*cos(y)", "sin(x)*cos(y)"},
+      {3, 4, "sin(v)", "sin(v)", "sin(v)"},
+  };
+  for (const Case& c : cases) {
+    DialogFixture f;
+    f.target.texts[{c.source, c.index}] = c.text;
+    f.target.relations[1] = ">=";
+    frmInsert& d = f.Open(c.source, c.index);
+    const QString prefix = c.source == 1 ? "y" : "";
+    EXPECT_EQ(d.mthStandard()->Text(), prefix + c.standard) << c.text;
+    EXPECT_EQ(d.txtLinear()->text(), prefix + c.linear) << c.text;
+    // The templates of a row are switched off elsewhere.
+    EXPECT_FALSE(d.CommandBars().FindByName("menuInsert")->Visible()) << c.source;
+  }
+}
+
+TEST(frmInsert, TheDerivativeIsOffForPointListsAndBackWithTheFirstCharacter) {
+  DialogFixture f;
+  f.target.texts[{0, 0}] = "[x,y;1,2]";
+  f.Open(0, 0);
+  EXPECT_FALSE(f.Enabled(1044));
+  f.TypeLinear("[x,y;1,2");
+  EXPECT_FALSE(f.Enabled(1044));
+  f.TypeLinear("y=x");
+  EXPECT_TRUE(f.Enabled(1044));
+  f.TypeLinear("[");
+  EXPECT_FALSE(f.Enabled(1044));
+}
+
+TEST(frmInsert, TheLinearStyleGoesThroughTheNormaliserAndTheInequalityCompiler) {
+  DialogFixture f;
+  f.Open(0, 0);
+  f.TypeLinear("y=2x;0<x<3");
+  EXPECT_EQ(f.dialog->mthStandard()->Text(), "declare(y=2*x,domain(x,0,3,0))");
+  EXPECT_FALSE(f.dialog->txtLinear()->property("invalid").toBool());
+}
+
+TEST(frmInsert, AnUnreadableLinearTextTurnsRedAndKeepsTheLastGoodEquation) {
+  DialogFixture f;
+  f.Open(0, 0);
+  f.TypeLinear("y=x^2");
+  EXPECT_EQ(f.dialog->mthStandard()->Text(), "y=x^2");
+  // Typed key by key: "y=x" was the last text that could be read.
+  f.TypeLinear("y=x)");
+  EXPECT_TRUE(f.dialog->txtLinear()->property("invalid").toBool());
+  EXPECT_EQ(f.dialog->mthStandard()->Text(), "y=x");
+  f.TypeLinear("hello world");
+  EXPECT_TRUE(f.dialog->txtLinear()->property("invalid").toBool());
+  f.TypeLinear("y=x+1");
+  EXPECT_FALSE(f.dialog->txtLinear()->property("invalid").toBool());
+  EXPECT_EQ(f.dialog->mthStandard()->Text(), "y=x+1");
+}
+
+TEST(frmInsert, TheStandardStyleTypedIntoFollowsInTheLinear) {
+  DialogFixture f;
+  frmInsert& d = f.Open(0, 0);
+  QApplication::setActiveWindow(&d);
+  d.mthStandard()->setFocus();
+  QTest::keyClicks(d.mthStandard(), "y=[x]");
+  EXPECT_EQ(d.txtLinear()->text(), "y=fix(x)");
+}
+
+TEST(frmInsert, InsertForARowWritesTheTextAsItStands) {
+  DialogFixture f;
+  f.target.texts[{0, 2}] = "y=x";
+  frmInsert& d = f.Open(0, 2);
+  d.mthStandard()->SetText("y=x^3");
+  QTest::mouseClick(d.btnInsert(), Qt::LeftButton);
+  EXPECT_EQ(f.target.writes, (QStringList{"0/2=y=x^3"}));
+  EXPECT_EQ(f.target.focus, (QStringList{"0:insert"}));
+  QApplication::processEvents();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_TRUE(f.dialog.isNull());
+}
+
+TEST(frmInsert, InsertForAnInequalityTakesTheRelationAndTheRightHandSide) {
+  struct Case {
+    const char* text;
+    const char* relation;
+    const char* right;
+  };
+  const Case cases[] = {{"y>=x+1", ">=", "x+1"}, {"y<x", "<", "x"}, {"y<=2", "<=", "2"}, {"y>x^2", ">", "x^2"},
+                        {"x+1", ">", "x+1"},    {"y=x", ">", "yx"}};
+  for (const Case& c : cases) {
+    DialogFixture f;
+    frmInsert& d = f.Open(1, 1);
+    d.mthStandard()->SetText(c.text);
+    d.Insert();
+    EXPECT_EQ(f.target.relations[1], c.relation) << c.text;
+    EXPECT_EQ((f.target.texts[{1, 1}]), c.right) << c.text;
+    EXPECT_EQ(f.target.focus, (QStringList{"1:insert"}));
+  }
+}
+
+TEST(frmInsert, InsertForTheParametricTakesWhatStandsBehindTheEquals) {
+  DialogFixture f;
+  frmInsert& d = f.Open(2, 1);
+  d.mthStandard()->SetText("x=cos(3t)");
+  d.Insert();
+  EXPECT_EQ(f.target.writes, (QStringList{"2/1=cos(3t)"}));
+  DialogFixture g;
+  frmInsert& e = g.Open(2, 2);
+  e.mthStandard()->SetText("sin(2t)");  // without "=": the whole text
+  e.Insert();
+  EXPECT_EQ(g.target.writes, (QStringList{"2/2=sin(2t)"}));
+}
+
+TEST(frmInsert, InsertFor3DWritesTheWholeText) {
+  DialogFixture f;
+  frmInsert& d = f.Open(3, 5);
+  d.mthStandard()->SetText("u+v");
+  d.Insert();
+  EXPECT_EQ(f.target.writes, (QStringList{"3/5=u+v"}));
+  EXPECT_EQ(f.target.focus, (QStringList{"3:insert"}));
+}
+
+TEST(frmInsert, CancelClosingAndLeavingWriteNothing) {
+  {
+    DialogFixture f;
+    frmInsert& d = f.Open(0, 0);
+    d.mthStandard()->SetText("y=9");
+    QTest::mouseClick(d.btnCancel(), Qt::LeftButton);
+    EXPECT_TRUE(f.target.writes.isEmpty());
+    EXPECT_EQ(f.target.focus, (QStringList{"0:cancel"}));
+  }
+  {
+    DialogFixture f;
+    frmInsert& d = f.Open(1, 0);
+    d.close();
+    EXPECT_TRUE(f.target.writes.isEmpty());
+    EXPECT_EQ(f.target.focus, (QStringList{"1:cancel"}));
+  }
+  {
+    DialogFixture f;
+    frmInsert& d = f.Open(0, 0);
+    d.mthStandard()->SetText("y=9");
+    QEvent leave(QEvent::WindowDeactivate);
+    QApplication::sendEvent(&d, &leave);
+    EXPECT_TRUE(f.target.writes.isEmpty());
+    EXPECT_TRUE(d.isHidden());
+  }
+}
+
+TEST(frmInsert, TheDerivativeReplacesTheEquation) {
+  struct Case {
+    const char* text;
+    const char* derivative;
+  };
+  const Case cases[] = {{"y=x^2", "y=2*x"}, {"x^3", "3*x^2"}, {"r=2*q..symb", "r=2"}, {"y=sqrt(x)", "y=1/(2*sqrt(x))"}};
+  for (const Case& c : cases) {
+    DialogFixture f;
+    frmInsert& d = f.Open(0, 0);
+    d.mthStandard()->SetText(c.text);
+    f.Execute(1044);
+    EXPECT_EQ(d.mthStandard()->Text(), c.derivative) << c.text;
+    EXPECT_EQ(d.txtLinear()->text(), c.derivative) << c.text;
+    EXPECT_FALSE(d.mthStandard()->Text().contains("sqr(")) << c.text;
+    EXPECT_TRUE(f.boxes.boxes.empty());
+  }
+}
+
+TEST(frmInsert, AnEquationWithoutDerivativeSaysSo) {
+  DialogFixture f;
+  frmInsert& d = f.Open(0, 0);
+  d.mthStandard()->SetText("x^2+y^2=1");
+  f.Execute(1044);
+  ASSERT_EQ(f.boxes.boxes.size(), 1u);
+  EXPECT_EQ(f.boxes.boxes[0].Text, "Could Not Derivative!");
+  EXPECT_EQ(f.boxes.boxes[0].Title, "[Derivative Error - [Err-0008]");
+  EXPECT_EQ(f.boxes.boxes[0].Kind, platform::MessageBoxes::Icon::Exclamation);
+  EXPECT_EQ(d.mthStandard()->Text(), "x^2+y^2=1");
+  EXPECT_FALSE(d.isHidden()) << "its own box is no leave";
+}
+
+TEST(frmInsert, PointTemplates) {
+  DialogFixture f;
+  frmInsert& d = f.Open(0, 0);
+  const std::pair<int, const char*> cases[] = {{1023, "[x,y;,]"}, {1028, "[x,y;,]"}, {1024, "[r,q..symb;,]"},
+                                              {1030, "[r,q..symb;,]"}, {1029, "[y,x;,]"}, {1031, "[q..symb,r;,]"}};
+  for (const auto& [id, text] : cases) {
+    f.Execute(id);
+    EXPECT_EQ(d.mthStandard()->Text(), text) << id;
+  }
+  d.CommandBars().Execute(*d.CommandBars().FindByName("mnuCartesian"));
+  EXPECT_EQ(d.mthStandard()->Text(), "[x,y;,]");
+  EXPECT_EQ(d.txtLinear()->text(), "[x,y;,]");
+  d.CommandBars().Execute(*d.CommandBars().FindByName("mnuPolar"));
+  EXPECT_EQ(d.mthStandard()->Text(), "[r,q..symb;,]");
+  EXPECT_EQ(d.txtLinear()->text(), "[r,theta;,]");
+  EXPECT_FALSE(f.Enabled(1044));
+}
+
+TEST(frmInsert, DisplayCommandsAreOneExclusiveGroup) {
+  DialogFixture f;
+  frmInsert& d = f.Open(0, 0);
+  f.Execute(1049);
+  EXPECT_EQ(d.txtLinear()->text(), "command==>[showgrid]");
+  EXPECT_EQ(d.mthStandard()->Text(), "command==>[showgrid]");
+  EXPECT_TRUE(d.CommandBars().FindControl(1049)->Checked());
+  f.Execute(1049);
+  EXPECT_EQ(d.txtLinear()->text(), "command==>[hidegrid]");
+  EXPECT_FALSE(d.CommandBars().FindControl(1049)->Checked());
+  f.Execute(1046);
+  EXPECT_EQ(d.txtLinear()->text(), "command==>[showaxis]");
+  f.Execute(1050);
+  EXPECT_EQ(d.txtLinear()->text(), "command==>[shownumbers]");
+  EXPECT_FALSE(d.CommandBars().FindControl(1046)->Checked());
+  f.Execute(1051);
+  EXPECT_EQ(d.txtLinear()->text(), "command==>[showouterframe]");
+  f.Execute(1056);
+  EXPECT_EQ(d.txtLinear()->text(), "command==>[showtips]");
+  f.Execute(1053);
+  EXPECT_EQ(d.txtLinear()->text(), "command==>[transparentbackground]");
+  f.Execute(1053);
+  EXPECT_EQ(d.txtLinear()->text(), "command==>[opaquebackground]");
+  f.Execute(1055);
+  EXPECT_EQ(d.mthStandard()->Text(), "command==>[enterfullscreen]");
+  int checked = 0;
+  for (int id : {1046, 1049, 1050, 1051, 1053, 1055, 1056}) checked += d.CommandBars().FindControl(id)->Checked();
+  EXPECT_EQ(checked, 1);
+  f.Execute(1055);
+  EXPECT_EQ(d.mthStandard()->Text(), "");
+  EXPECT_EQ(d.txtLinear()->text(), "");
+}
+
+TEST(frmInsert, TheWindowGrowsWithTheEquationAndSnapsBack) {
+  DialogFixture f;
+  frmInsert& d = f.Open(0, 0);
+  for (int i = 0; i < 200 && d.size() != d.WantedSize(); ++i) d.Animate();
+  const QSize rest = d.size();
+  EXPECT_GE(rest.width(), core::Px(6790));
+  EXPECT_GE(rest.height(), core::Px(5165));
+  EXPECT_GE(d.mthStandard()->width(), core::Px(6895));
+  EXPECT_GE(d.mthStandard()->height(), core::Px(2445));
+  d.mthStandard()->SetText("y=" + QString("x+").repeated(60) + "1");
+  const QSize wide = d.WantedSize();
+  EXPECT_GT(wide.width(), rest.width());
+  d.Animate();
+  EXPECT_EQ(d.width(), rest.width() + core::Px(230));
+  for (int i = 0; i < 400 && d.size() != d.WantedSize(); ++i) d.Animate();
+  EXPECT_EQ(d.size(), wide);
+  d.mthStandard()->SetText("y=x");
+  d.Animate();
+  EXPECT_EQ(d.size(), rest);
+}

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "core/SettingsStore.h"
+#include "platform/ColorChooser.h"
+#include "platform/MessageBoxes.h"
+
+#include <QColor>
+#include <QMap>
+#include <QString>
+
+#include <deque>
+#include <optional>
+#include <vector>
+
+// Message boxes that a test answers: each box shown is recorded, and answered by the next answer
+// queued, or by the first button (Ok, Yes) when none is queued.
+class RecordingBoxes : public platform::MessageBoxes {
+public:
+  struct Box {
+    QString Text;
+    Buttons Shown;
+    Icon Kind;
+    QString Title;
+  };
+
+  Answer Show(const QString& text, Buttons buttons, Icon icon, const QString& title) override {
+    boxes.push_back({text, buttons, icon, title});
+    if (!answers.empty()) {
+      const Answer answer = answers.front();
+      answers.pop_front();
+      return answer;
+    }
+    return buttons == Buttons::YesNo || buttons == Buttons::YesNoCancel ? Answer::Yes : Answer::Ok;
+  }
+
+  std::vector<Box> boxes;
+  std::deque<Answer> answers;
+};
+
+// The colour dialog, answered by the test: the next colour queued, or cancelled.
+class ScriptedColors : public platform::ColorChooser {
+public:
+  std::optional<QColor> Choose(const QColor& current, const QString& title) override {
+    asked.push_back({current, title});
+    if (colors.empty()) return std::nullopt;
+    const QColor color = colors.front();
+    colors.pop_front();
+    return color;
+  }
+
+  std::deque<QColor> colors;
+  std::vector<std::pair<QColor, QString>> asked;
+};
+
+// A settings store in memory, with a record of what was read and written.
+class MemorySettings : public core::SettingsStore {
+public:
+  QString GetSetting(const QString& section, const QString& key, const QString& fallback) override {
+    reads.push_back(section + u'/' + key);
+    return values.value(section + u'/' + key, fallback);
+  }
+  void SaveSetting(const QString& section, const QString& key, const QString& value) override {
+    values[section + u'/' + key] = value;
+    writes.push_back(section + u'/' + key);
+  }
+
+  QMap<QString, QString> values;
+  std::vector<QString> reads, writes;
+};
