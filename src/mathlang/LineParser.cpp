@@ -402,6 +402,9 @@ private:
   int Call(Function fn, const QString& name, bool& atom) {
     const int arity = ArityOf(fn);
     std::vector<int> arguments;
+    // "2sin*(x)": the star that the expression normaliser leaves behind a function's name, in the
+    // rows that the insert dialog writes. A name cannot be multiplied, so it marks the call.
+    if (Is(u"*") && Peek(1).Kind == TokenKind::Symbol && Peek(1).Text == u"(") ++m_at;
     if (Is(u"(")) {
       ++m_at;
       atom = true;  // a closing bracket is an atom: "sin(x)2" is sin(x)^2

@@ -46,6 +46,14 @@ TEST(LineParser, ImplicitMultiplication) {
                 {"2(x)(x)", 3, 18}, {"[x]x", 2.5, 5}});
 }
 
+// The insert dialog stores what the expression normaliser makes of typed text, which leaves a star
+// behind a function's name: "2sin(x)" becomes "2sin*(x)", "sin(x)cos(x)" becomes "sin(x)cos*(x)".
+TEST(LineParser, TheNormalisersStarBehindAFunctionMarksItsCall) {
+  ExpectValues({{"2sin*(x)", 0.5, 2 * std::sin(0.5)}, {"sin(x)cos*(x)", 1, std::sin(1.0) * std::cos(1.0)},
+                {"2+2cos*(x)", 0, 4}, {"x^2sqrt*(x)", 4, 32}, {"xroot*(8,3)", 0, 2}, {"sin*(x)*2", 1, 2 * std::sin(1.0)}});
+  for (const char* text : {"y=sin*x", "y=sin*", "y=2*sin**(x)"}) EXPECT_FALSE(ParseLine(text).Ok()) << text;
+}
+
 TEST(LineParser, PrecedenceAsUsersType) {
   ExpectValues({{"-x^2", 3, -9}, {"2^3^2", 0, 512}, {"2^-1", 0, 0.5}, {"-2^2", 0, -4}, {"1+2*3", 0, 7},
                 {"8/2/2", 0, 2}, {"2*3^2", 0, 18}, {"-x", 2, -2}, {"--x", 2, 2}, {"x^-2", 2, 0.25},
