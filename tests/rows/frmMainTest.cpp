@@ -212,3 +212,22 @@ TEST(frmMain, TheTitleNamesTheProject) {
   form.Functions().Row(0).mthFunction->SetText("y=x");
   EXPECT_EQ(form.windowTitle(), "Quillograph - Parabola.qlp*");
 }
+
+TEST(frmMain, FunctionsTypedInTheLinearStyleAreDrawn) {
+  FormFixture f;
+  auto& form = f.Form();
+  for (const char* typed : {"y=2sin(x)", "r=2+2cos(q..symb)", "y=sin(x)cos(x)", "y=3x^2sqrt(x)"}) {
+    QTest::mouseClick(form.Functions().Row(0).mthFunction, Qt::LeftButton);
+    dialogs::frmInsert* insert = form.Insert();
+    ASSERT_NE(insert, nullptr);
+    QApplication::setActiveWindow(insert);
+    insert->txtLinear()->setFocus();
+    insert->txtLinear()->selectAll();
+    QTest::keyClicks(insert->txtLinear(), typed);
+    insert->Insert();
+    QApplication::processEvents();
+    EXPECT_EQ(form.Plot().Scene().LastDrawing().Curves.size(), 1u) << typed << " stored as "
+                                                                    << form.Functions().Row(0).mthFunction->Text().toStdString();
+    EXPECT_TRUE(form.Plot().Scene().Problems().isEmpty()) << typed;
+  }
+}
