@@ -1,0 +1,156 @@
+// The main window as a user meets it, offscreen: a replot of 109 mixed rows at 1280x800 and
+// quality 90, split into our part (two compilations a row, the passes, the points) and the
+// drawing; one keystroke in the insert dialog's linear style for a 60-character row; and the main
+// window from its construction to its first painted frame.
+#include "../tests/plotcompiler/ReplotSupport.h"
+
+#include "core/Tag.h"
+#include "dialogs/frmInsert.h"
+#include "platform/DataFolder.h"
+#include "plot2d/Plot.h"
+#include "rows/FunctionList.h"
+#include "rows/frmMain.h"
+
+#include "../tests/support/FakeDesktop.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QPixmap>
+#include <QTest>
+
+#include <cstdio>
+#include <map>
+#include <string>
+
+namespace {
+
+// 109 rows of every kind, as a project a class might make.
+QStringList MixedRows() {
+  const QStringList kinds = {
+      "y=sin(x)*%1", "x^2+y^2=%1", "r=2+%1cos(q..symb)", "declare(y=x^2/%1,domain(x,-2,3,1))",
+      "[x,y;1,%1;2,3;-1,-%1;4,pi/2]", "y=%1x+1", "x=y^2/%1", "command==>[showgrid]", "y=e^(-x^2/%1)",
+      "x*y=%1", "y=declare(sqrt(x)+%1,x>1)", "y=abs(x-%1)"};
+  QStringList rows = {"a=2", "b=0.5"};
+  for (int i = 0; rows.size() < 109; ++i) {
+    rows << kinds[i % kinds.size()].arg(i % 5 + 1);
+  }
+  return rows;
+}
+
+// A plot that takes every call and draws nothing: what is left is our part.
+class NullPlot : public RecordingPlot {
+public:
+  void AddFunction(std::int16_t, const QString&, double, bool, std::int32_t&, bool, bool, bool, std::int32_t) override {}
+  void AddPoint(std::int16_t, double&, double&, std::int32_t, double, bool) override {}
+  void Redraw() override {}
+  void ClearAll(bool, bool, bool, bool, bool) override {}
+};
+
+void BM_Replot109_Whole(benchmark::State& state) {
+  ReplotFixture f;
+  f.host.SetTexts(MixedRows());
+  plot2d::Plot scene;
+  scene.SetSize(QSize(1280, 800));
+  scene.SetQuality(90);
+  plotcompiler::ScenePlotControl<plot2d::Plot> plot(scene, nullptr);
+  for (auto _ : state) f.driver.Replot(plot);
+  state.counters["curves"] = static_cast<double>(scene.LastDrawing().Curves.size());
+}
+
+void BM_Replot109_Ours(benchmark::State& state) {
+  ReplotFixture f;
+  f.host.SetTexts(MixedRows());
+  NullPlot plot;
+  for (auto _ : state) f.driver.Replot(plot);
+}
+
+void BM_Replot109_Drawing(benchmark::State& state) {
+  ReplotFixture f;
+  f.host.SetTexts(MixedRows());
+  plot2d::Plot scene;
+  scene.SetSize(QSize(1280, 800));
+  scene.SetQuality(90);
+  plotcompiler::ScenePlotControl<plot2d::Plot> plot(scene, nullptr);
+  f.driver.Replot(plot);
+  for (auto _ : state) scene.Redraw();
+}
+
+BENCHMARK(BM_Replot109_Whole)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_Replot109_Ours)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_Replot109_Drawing)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+class Target : public dialogs::InsertTarget {
+public:
+  QString EditorText(std::int16_t, double) const override { return {}; }
+  void SetEditorText(std::int16_t, double, const QString&) override {}
+  QString InequalityOperator(int) const override { return QStringLiteral(">"); }
+  void SetInequalityOperator(int, const QString&) override {}
+  void FocusAfter(std::int16_t, bool) override {}
+};
+
+// One key typed at the end of a 60-character row, and one taken back: normalise, compile,
+// typeset and lay out, twice.
+void BM_InsertKeystroke60(benchmark::State& state) {
+  core::SharedState shared = InitialisedState();
+  RecordingBoxes boxes;
+  Target target;
+  dialogs::frmInsert dialog(shared, boxes, target, platform::DataFile(QStringLiteral("Ribbon/Menubar.xcb")));
+  dialog.show();
+  QApplication::setActiveWindow(&dialog);
+  dialog.txtLinear()->setFocus();
+  const QString row = QStringLiteral("y=3sin(2x)/(x^2+1)+sqrt(abs(x))-e^(-x/4)*cos(pi*x);-4<x<4.5");
+  dialog.txtLinear()->setText(row.left(60));
+  for (auto _ : state) {
+    QTest::keyClick(dialog.txtLinear(), Qt::Key_1);
+    QTest::keyClick(dialog.txtLinear(), Qt::Key_Backspace);
+  }
+  state.SetItemsProcessed(state.iterations() * 2);
+}
+BENCHMARK(BM_InsertKeystroke60)->Unit(benchmark::kMicrosecond)->UseRealTime();
+
+// From the form's construction (its load included) to its first frame painted.
+void BM_MainWindowFirstFrame(benchmark::State& state) {
+  MemorySettings settings;
+  RecordingBoxes boxes;
+  ScriptedColors colors;
+  for (auto _ : state) {
+    core::SharedState shared = InitialisedState();
+    rows::frmMain form(shared, rows::MainServices{settings, boxes, colors});
+    form.show();
+    const QPixmap frame = form.grab();
+    benchmark::DoNotOptimize(frame.cacheKey());
+  }
+}
+BENCHMARK(BM_MainWindowFirstFrame)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(20);
+
+class Reporter : public benchmark::ConsoleReporter {
+public:
+  void ReportRuns(const std::vector<Run>& runs) override {
+    for (const Run& run : runs) {
+      if (run.run_type == Run::RT_Iteration || run.aggregate_name == "median") times[run.run_name.str()] = run.GetAdjustedRealTime();
+    }
+    ConsoleReporter::ReportRuns(runs);
+  }
+  void Finalize() override {
+    ConsoleReporter::Finalize();
+    const auto ours = times.find("BM_Replot109_Ours/real_time"), drawing = times.find("BM_Replot109_Drawing/real_time");
+    if (ours != times.end() && drawing != times.end() && drawing->second > 0) {
+      std::printf("\nReplot of 109 rows: our part / the drawing = %.3f\n", ours->second / drawing->second);
+    }
+  }
+  std::map<std::string, double> times;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  benchmark::Initialize(&argc, argv);
+  Reporter reporter;
+  benchmark::RunSpecifiedBenchmarks(&reporter);
+  benchmark::Shutdown();
+  return 0;
+}
