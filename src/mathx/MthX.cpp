@@ -125,6 +125,14 @@ void MthX::paintEvent(QPaintEvent*) {
       painter.fillRect(selected.translated(at), palette().highlight().color().lighter(160));
   }
   const QColor color = Editable() ? FromFormColor(m_foreColor) : kInertColor;
+  if (m_buffer.Text().isEmpty() && !m_placeholder.isEmpty() && !hasFocus()) {
+    // A hint where there is nothing yet, in the widget's own face, clearly no equation.
+    QFont hint = font();
+    hint.setItalic(true);
+    painter.setFont(hint);
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(rect().adjusted(kFrame + 4, 0, -kFrame, 0), Qt::AlignVCenter | Qt::AlignLeft, m_placeholder);
+  }
   m_formula.Paint(painter, at, color);
   if (Editable() && hasFocus() && m_caretVisible) {
     const CaretPlace place = CaretPlaceOnScreen();

@@ -28,6 +28,12 @@ public:
   // The text colour as the forms keep colours: red in the low byte.
   int ForeColor() const { return m_foreColor; }
   void SetForeColor(int color);
+  // Shown greyed while the text is empty and the editor has no focus.
+  QString PlaceholderText() const { return m_placeholder; }
+  void SetPlaceholderText(const QString& text) {
+    m_placeholder = text;
+    update();
+  }
   double FontSize() const { return m_fontSize; }
   void SetFontSize(double points);
 
@@ -80,6 +86,7 @@ private:
   int m_editMode = 1;
   int m_foreColor = 0;
   double m_fontSize = 14;
+  QString m_placeholder;
   bool m_caretVisible = true;
   bool m_dragged = false;
   QTimer m_blink;

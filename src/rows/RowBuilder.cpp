@@ -47,6 +47,7 @@ FunctionRow RowBuilder::Create(QWidget& picFunction, platform::ColorChooser& cho
   row.mthFunction->resize(Px(kEditorWidth), Px(kMinEditorHeight));
   row.mthFunction->setCursor(Qt::PointingHandCursor);
   row.mthFunction->setToolTip(QObject::tr("Click to edit this row"));
+  row.mthFunction->SetPlaceholderText(QObject::tr("Click to type an equation"));
 
   row.btnMore = new QToolButton(row.grpFunction);
   row.btnMore->setObjectName(QStringLiteral("btnMore"));

@@ -277,3 +277,20 @@ int main(int argc, char** argv) {
   ::testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();
 }
+
+TEST(MthX, AnEmptyEditorShowsItsHintUntilItHasTheFocusOrAText) {
+  MthX widget;
+  widget.resize(300, 50);
+  widget.SetPlaceholderText("Click to type an equation");
+  widget.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&widget));
+  const auto inked = [](const QImage& image) { return HasColour(image, [](const QColor& c) { return c.lightness() < 200; }); };
+  EXPECT_TRUE(inked(widget.grab().toImage()));
+  widget.SetPlaceholderText(QString());
+  EXPECT_FALSE(inked(widget.grab().toImage()));
+  widget.SetPlaceholderText("Click to type an equation");
+  widget.SetText("1");
+  widget.SetText(QString());
+  EXPECT_EQ(widget.Text(), "");
+  EXPECT_TRUE(inked(widget.grab().toImage()));
+}
