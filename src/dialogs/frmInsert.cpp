@@ -64,6 +64,7 @@ frmInsert::frmInsert(core::SharedState& state, platform::MessageBoxes& boxes, In
   m_mthStandard = new mathx::MthX(m_grpAllControls);
   m_mthStandard->setObjectName(QStringLiteral("mthStandard"));
   m_mthStandard->SetFontSize(20);
+  m_mthStandard->SetFramed(true);
   m_grpControls = new QWidget(m_grpAllControls);
   m_grpControls->setObjectName(QStringLiteral("grpControls"));
   m_lblLinear = new QLabel(tr("Linear Equation Style:"), m_grpControls);

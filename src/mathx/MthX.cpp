@@ -134,6 +134,12 @@ void MthX::paintEvent(QPaintEvent*) {
     painter.drawText(rect().adjusted(kFrame + 4, 0, -kFrame, 0), Qt::AlignVCenter | Qt::AlignLeft, m_placeholder);
   }
   m_formula.Paint(painter, at, color);
+  if (m_framed) {
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QColor edge = hasFocus() && Editable() ? palette().color(QPalette::Highlight) : palette().color(QPalette::Mid);
+    painter.setPen(QPen(edge, hasFocus() && Editable() ? 1.5 : 1));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 5, 5);
+  }
   if (Editable() && hasFocus() && m_caretVisible) {
     const CaretPlace place = CaretPlaceOnScreen();
     painter.setRenderHint(QPainter::Antialiasing, false);

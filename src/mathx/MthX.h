@@ -34,6 +34,13 @@ public:
     m_placeholder = text;
     update();
   }
+  // A field's frame round the picture, as a text field has: for editors that stand on a page
+  // rather than in a row.
+  bool Framed() const { return m_framed; }
+  void SetFramed(bool framed) {
+    m_framed = framed;
+    update();
+  }
   double FontSize() const { return m_fontSize; }
   void SetFontSize(double points);
 
@@ -87,6 +94,7 @@ private:
   int m_foreColor = 0;
   double m_fontSize = 14;
   QString m_placeholder;
+  bool m_framed = false;
   bool m_caretVisible = true;
   bool m_dragged = false;
   QTimer m_blink;

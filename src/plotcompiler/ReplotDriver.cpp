@@ -63,7 +63,6 @@ ReplotDriver::ReplotDriver(core::SharedState& state, expression::ScriptEvaluatio
     : m_state(state), m_evaluation(evaluation), m_host(host) {}
 
 void ReplotDriver::Replot(PlotControl& plot, Plot3DControl* plot3d) {
-  (void)plot3d;
   plot.ClearAll(true, true, true, true, true);
   plot.SetShowIntegral(true);
   m_host.SetStatusText(QStringLiteral("Plotting..."));
@@ -76,7 +75,15 @@ void ReplotDriver::Replot(PlotControl& plot, Plot3DControl* plot3d) {
   plot.SetShowTips(m_host.RibbonChecked(1124));
   plot.SetTransparentBackground(m_host.RibbonChecked(1086));
 
-  if (m_host.SelectedTab() == 0) FunctionTab(plot);
+  switch (m_host.SelectedTab()) {
+    case 0: FunctionTab(plot); break;
+    case 1: InequalityTab(plot); break;
+    case 2: ParametricTab(plot); break;
+    case 3:
+      if (plot3d != nullptr) SurfaceTab(*plot3d);
+      break;
+    default: break;
+  }
 
   m_host.SetStatusText(QStringLiteral("Ready..."));
   m_host.SetInputEnabled(true);
@@ -90,6 +97,76 @@ void ReplotDriver::FunctionTab(PlotControl& plot) {
   AddArea(plot);
   plot.Redraw();
   if (lastKeyword == u"enterfullscreen") m_host.ShowFullScreen();
+}
+
+// The inequality's texts go to the plot as typed: neither compiled nor with constants put in.
+void ReplotDriver::InequalityTab(PlotControl& plot) {
+  plot.SetShowIntegral(false);
+  const QString first = QStringLiteral("y") + m_host.InequalityRelation(0) + m_host.InequalityText(0);
+  const QString second = QStringLiteral("y") + m_host.InequalityRelation(1) + m_host.InequalityText(1);
+  plot.AddInequality(first, m_host.InequalityLineColor(), m_host.InequalityFillColor(), m_host.InequalityTwoSides(),
+                     second);
+  plot.Redraw();
+}
+
+void ReplotDriver::ParametricTab(PlotControl& plot) {
+  plot.SetShowIntegral(false);
+  const QString x = CompileEquation(m_host.ParametricX(), true);
+  const QString y = CompileEquation(m_host.ParametricY(), true);
+  const double min = m_evaluation.EvaluateExpression(m_host.ParametricMin());
+  const double max = m_evaluation.EvaluateExpression(m_host.ParametricMax());
+  plot.AddParametric(x, y, min, max, m_host.ParametricType() == u"Cartesian" ? 1 : 2, m_host.ParametricColor());
+  plot.Redraw();
+}
+
+// The one surface of the 3D tab, through the plot's properties; its texts go as the editors hold
+// them, but for a leading "z=", "y=", "x=" or "r=" and the polar tab's Greek names.
+void ReplotDriver::SurfaceTab(Plot3DControl& plot) {
+  const auto evaluate = [this](const char* name) {
+    return m_evaluation.EvaluateExpression(m_host.Text3D(QString::fromLatin1(name)));
+  };
+  const int mesh = m_host.GridIndex() + 1;
+  switch (m_host.Selected3DTab()) {
+    case 0: {
+      QString text = m_host.Text3D(QStringLiteral("mth_3D_Function"));
+      const QString start = Left(text, 2);
+      std::int32_t kind = 4;
+      if (start == u"z=") kind = 1;
+      else if (start == u"y=") kind = 2;
+      else if (start == u"x=") kind = 3;
+      if (kind != 4) text = Mid(text, 3);
+      plot.SetGridCount(kind == 4 ? 1 : mesh);
+      plot.SetEquation(text);
+      plot.SetFunctionKind(kind);
+      break;
+    }
+    case 1: {
+      plot.SetGridCount(mesh);
+      QString text = m_host.Text3D(QStringLiteral("mth_3D_Polar"));
+      if (Left(text, 2) == u"r=") text = Mid(text, 3);
+      text = Replace(Replace(text, QStringLiteral("q..symb"), QStringLiteral("theta")), QStringLiteral("f..var..symb"),
+                     QStringLiteral("phi"));
+      plot.SetEquation(text);
+      plot.SetFunctionKind(5);
+      plot.SetThetaMin(evaluate("txt_thetaMin"));
+      plot.SetThetaMax(evaluate("txt_thetaMax"));
+      plot.SetPhiMax(evaluate("txt_phiMax"));
+      plot.SetPhiMin(evaluate("txt_phiMin"));
+      break;
+    }
+    default:
+      plot.SetGridCount(1);
+      plot.SetEquation(m_host.Text3D(QStringLiteral("mth_3D_Para_x")) + u':' + m_host.Text3D(QStringLiteral("mth_3D_Para_y")) +
+                       u':' + m_host.Text3D(QStringLiteral("mth_3D_Para_z")));
+      plot.SetFunctionKind(6);
+      plot.SetVMin(evaluate("txt_3D_vMin"));
+      plot.SetVMax(evaluate("txt_3D_vMax"));
+      plot.SetUMin(evaluate("txt_3D_uMin"));
+      plot.SetUMax(evaluate("txt_3D_uMax"));
+      break;
+  }
+  plot.SetZoom(core::NumericPrefix(m_host.ZoomText()));
+  plot.Redraw();
 }
 
 QString ReplotDriver::TakeConstantsAndCommands(PlotControl& plot) {

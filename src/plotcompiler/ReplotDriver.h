@@ -17,7 +17,8 @@ namespace plotcompiler {
 // The one procedure in which rows become drawings. Replot clears the plot, copies the ribbon's
 // display checks to it and draws what the selected input tab holds: on the function tab, every
 // row (constants and display commands first, then curves, points and the area between marked
-// rows). It keeps nothing between calls but the constants' values in the shared state.
+// rows); on the inequality and parametric tabs, their one region or curve; on the 3D tab, the
+// surface. It keeps nothing between calls but the constants' values in the shared state.
 //
 // An attribute list that is not six fields of "True"/"False" and a number is an error the driver
 // does not handle: it raises core::RuntimeError to the caller, with the tab strip left disabled
@@ -32,6 +33,9 @@ private:
   struct RowPass;
 
   void FunctionTab(PlotControl& plot);
+  void InequalityTab(PlotControl& plot);
+  void ParametricTab(PlotControl& plot);
+  void SurfaceTab(Plot3DControl& plot);
   QString TakeConstantsAndCommands(PlotControl& plot);
   void DrawRow(PlotControl& plot, int row, RowPass& pass);
   void AddPoints(PlotControl& plot, int row, const QStringList& options, RowPass& pass);

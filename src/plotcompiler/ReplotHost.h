@@ -32,6 +32,29 @@ public:
   virtual void SetInputEnabled(bool enabled) = 0;
   // The display command "enterfullscreen" after a drawing.
   virtual void ShowFullScreen() = 0;
+
+  // The inequality tab: the two sides (editor texts and the relations chosen beside them), the
+  // colours of the line and the fill, and whether the second side takes part.
+  virtual QString InequalityText(int side) const = 0;
+  virtual QString InequalityRelation(int side) const = 0;
+  virtual std::int32_t InequalityLineColor() const = 0;
+  virtual std::int32_t InequalityFillColor() const = 0;
+  virtual bool InequalityTwoSides() const = 0;
+
+  // The parametric tab.
+  virtual QString ParametricX() const = 0;
+  virtual QString ParametricY() const = 0;
+  virtual QString ParametricMin() const = 0;
+  virtual QString ParametricMax() const = 0;
+  virtual QString ParametricType() const = 0;  // "Cartesian" or "Polar"
+  virtual std::int32_t ParametricColor() const = 0;
+
+  // The 3D tab: which of its pages (0 function, 1 polar, 2 parametric), the texts of its editors
+  // and fields by name ("mth_3D_Function", "txt_thetaMin", ...), the mesh's index and the zoom.
+  virtual int Selected3DTab() const = 0;
+  virtual QString Text3D(const QString& name) const = 0;
+  virtual int GridIndex() const = 0;
+  virtual QString ZoomText() const = 0;
 };
 
 }  // namespace plotcompiler

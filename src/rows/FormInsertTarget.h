@@ -2,6 +2,10 @@
 
 #include "dialogs/InsertTarget.h"
 
+namespace mathx {
+class MthX;
+}
+
 namespace rows {
 
 class frmMain;
@@ -16,6 +20,9 @@ public:
   QString InequalityOperator(int index) const override;
   void SetInequalityOperator(int index, const QString& relation) override;
   void FocusAfter(std::int16_t source, bool inserted) override;
+
+  // The editor that a source and an index name, where there is one.
+  mathx::MthX* Editor(std::int16_t source, double index) const;
 
 private:
   frmMain& m_form;

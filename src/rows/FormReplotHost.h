@@ -26,8 +26,23 @@ public:
   void SetStatusText(const QString& text) override;
   void SetInputEnabled(bool enabled) override;
   void ShowFullScreen() override;
+  QString InequalityText(int side) const override;
+  QString InequalityRelation(int side) const override;
+  std::int32_t InequalityLineColor() const override;
+  std::int32_t InequalityFillColor() const override;
+  bool InequalityTwoSides() const override;
+  QString ParametricX() const override;
+  QString ParametricY() const override;
+  QString ParametricMin() const override;
+  QString ParametricMax() const override;
+  QString ParametricType() const override;
+  std::int32_t ParametricColor() const override;
+  int Selected3DTab() const override;
+  QString Text3D(const QString& name) const override;
+  int GridIndex() const override;
+  QString ZoomText() const override;
 
-  // What "enterfullscreen" opens; the full-screen form sets it.
+  // What "enterfullscreen" opens.
   std::function<void()> OnFullScreen;
 
 private:

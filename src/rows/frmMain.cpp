@@ -3,27 +3,27 @@
 #include "FormInsertTarget.h"
 #include "FormReplotHost.h"
 #include "FunctionList.h"
+#include "InputTabs.h"
 
 #include "core/NumberText.h"
 #include "core/RuntimeError.h"
+#include "core/Tag.h"
 #include "core/Twips.h"
-#include "dialogs/frmInsert.h"
+#include "interaction/PlotButtons.h"
+#include "interaction/StatusPanes.h"
 #include "mathx/MthX.h"
 #include "platform/DataFolder.h"
 #include "plot2d/PlotWidget.h"
 #include "plot3d/Plot3DWidget.h"
 #include "plotcompiler/PlotControl.h"
 
+#include <QApplication>
 #include <QFileInfo>
-#include <QFormLayout>
-#include <QGuiApplication>
-#include <QHBoxLayout>
-#include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QScreen>
 #include <QStatusBar>
 #include <QTabBar>
-#include <QTabWidget>
 
 namespace rows {
 
@@ -39,6 +39,7 @@ constexpr double kPlotRightMargin = 60;
 constexpr double kPlotBottomMargin = 90;
 constexpr double kTabBottomMargin = 60;
 constexpr double kTabLeft = 60;
+constexpr double kRangeWidth = 3210;
 
 const QString kSettings = QStringLiteral("Settings");
 
@@ -54,24 +55,19 @@ frmMain::frmMain(core::SharedState& state, const MainServices& services, QWidget
   m_rszControls = new QWidget(central);
   m_rszControls->setObjectName(QStringLiteral("rszControls"));
 
-  BuildInputTabs();
-  BuildPlots();
-  BuildStatusBar();
+  m_tabs = new InputTabs(m_state, m_evaluation, m_services.Boxes, m_services.Colors, m_rszControls);
+  m_plot = new plot2d::PlotWidget(m_rszControls);
+  m_plot->setObjectName(QStringLiteral("Plot"));
+  m_plot3d = new plot3d::Plot3DWidget(m_rszControls);
+  m_plot3d->setObjectName(QStringLiteral("Plot3D"));
+  m_plot3d->hide();
+  m_buttons = new interaction::PlotButtons(*m_rszControls, *m_plot, *m_plot3d);
+  m_panes = new interaction::StatusPanes(*statusBar(), m_plot->Scene());
 
   m_replotHost = std::make_unique<FormReplotHost>(*this);
   m_replotDriver = std::make_unique<plotcompiler::ReplotDriver>(m_state, m_evaluation, *m_replotHost);
   m_insertTarget = std::make_unique<FormInsertTarget>(*this);
-
-  connect(m_functions, &FunctionList::ReplotRequested, this, [this](bool with3D) { Replot(with3D); });
-  connect(m_functions, &FunctionList::Changed, this, &frmMain::ProjectChanged);
-  connect(m_functions, &FunctionList::InsertRequested, this, &frmMain::ShowInsert);
-  connect(m_functions, &FunctionList::CloseInsertRequested, this, &frmMain::CloseInsert);
-
-  m_resizeSettled.setSingleShot(true);
-  m_resizeSettled.setInterval(200);
-  connect(&m_resizeSettled, &QTimer::timeout, this, [this] {
-    if (m_plot->isVisible()) m_plot->Redraw();
-  });
+  WireParts();
 
   setMinimumSize(900, 560);
   resize(1280, 800);
@@ -79,71 +75,54 @@ frmMain::frmMain(core::SharedState& state, const MainServices& services, QWidget
 }
 
 frmMain::~frmMain() {
-  if (m_insert) delete m_insert.data();
+  for (QWidget* popup : {static_cast<QWidget*>(m_insert.data()), static_cast<QWidget*>(m_range.data()),
+                         static_cast<QWidget*>(m_fullScreen.data())}) {
+    delete popup;
+  }
+  // The widgets go before the script engine and the driver that their handlers use.
+  delete m_panes;
+  delete takeCentralWidget();
 }
 
-void frmMain::BuildInputTabs() {
-  m_tabInput = new QTabWidget(m_rszControls);
-  m_tabInput->setObjectName(QStringLiteral("tabInput"));
-  m_tabInput->setDocumentMode(false);
-  m_functions = new FunctionList(m_state, m_services.Boxes, m_services.Colors);
-  m_tabInput->addTab(m_functions, tr("Function"));
-  for (const QString& caption : {tr("Inequality"), tr("Parametric"), tr("3D")}) {
-    auto* page = new QWidget;
-    page->setObjectName(QStringLiteral("tabPage") + caption);
-    m_tabInput->addTab(page, caption);
-  }
-  m_tabInput->setTabToolTip(0, tr("Rows of equations, points, commands and notes"));
-
-  // The bounds of the area between marked rows, beside the list's buttons.
-  m_grpIntegralRange = new QWidget(m_functions->grp_Control_Functions());
-  m_grpIntegralRange->setObjectName(QStringLiteral("grp_IntegralRange"));
-  auto* bounds = new QHBoxLayout(m_grpIntegralRange);
-  bounds->setContentsMargins(0, 0, 0, 0);
-  m_integralMin = new QLineEdit(QStringLiteral("-1"), m_grpIntegralRange);
-  m_integralMin->setObjectName(QStringLiteral("mnu_Integral_min"));
-  m_integralMax = new QLineEdit(QStringLiteral("1"), m_grpIntegralRange);
-  m_integralMax->setObjectName(QStringLiteral("mnu_Integral_max"));
-  for (QLineEdit* edit : {m_integralMin, m_integralMax}) {
-    edit->setFixedWidth(64);
-    edit->setAlignment(Qt::AlignCenter);
-  }
-  auto* label = new QLabel(tr("Area from"), m_grpIntegralRange);
-  label->setBuddy(m_integralMin);
-  m_integralMin->setToolTip(tr("Where the shaded area between marked rows begins"));
-  m_integralMax->setToolTip(tr("Where it ends"));
-  bounds->addWidget(label);
-  bounds->addWidget(m_integralMin);
-  bounds->addWidget(new QLabel(tr("to"), m_grpIntegralRange));
-  bounds->addWidget(m_integralMax);
-  static_cast<QHBoxLayout*>(m_functions->grp_Control_Functions()->layout())->addWidget(m_grpIntegralRange);
-  for (QLineEdit* edit : {m_integralMin, m_integralMax}) {
-    connect(edit, &QLineEdit::textEdited, this, &frmMain::ProjectChanged);
-  }
-}
-
-void frmMain::BuildPlots() {
-  m_plot = new plot2d::PlotWidget(m_rszControls);
-  m_plot->setObjectName(QStringLiteral("Plot"));
-  m_plot3d = new plot3d::Plot3DWidget(m_rszControls);
-  m_plot3d->setObjectName(QStringLiteral("Plot3D"));
-  m_plot3d->hide();
+void frmMain::WireParts() {
+  connect(m_tabs, &InputTabs::ReplotRequested, this, [this](bool with3D) { Replot(with3D); });
+  connect(m_tabs, &InputTabs::Changed, this, &frmMain::ProjectChanged);
+  connect(m_tabs, &InputTabs::InsertRequested, this, &frmMain::ShowInsert);
+  connect(m_tabs, &InputTabs::ZoomApplied, this, &frmMain::ApplyZoom);
+  connect(m_tabs, &QTabWidget::currentChanged, this, &frmMain::tabInput_Click);
+  connect(&Functions(), &FunctionList::CloseInsertRequested, this, &frmMain::CloseInsert);
+  connect(m_panes, &interaction::StatusPanes::ReplotClicked, this, [this] {
+    Replot(true);
+    if (m_tabs->currentIndex() == 3) m_buttons->PB_3D()->show();
+  });
+  connect(m_plot, &plot2d::PlotWidget::Ready, this, [this] { m_tabs->tabBar()->setEnabled(true); });
   connect(m_plot, &plot2d::PlotWidget::SettingsChanged, this, [this] { MirrorPlot(true); });
+  connect(m_buttons, &interaction::PlotButtons::FullScreenRequested, this, &frmMain::ShowFullScreen);
+  connect(m_buttons, &interaction::PlotButtons::SettingRequested, this, [this] {
+    QWidget* central = centralWidget();
+    const QToolButton* setting = m_buttons->btnSetting();
+    const int left = Px(Tw(central->width()) - kRangeWidth - Tw(setting->width()) - 180);
+    const int top = m_rszControls->y() + setting->y();
+    ShowRange(m_tabs->currentIndex() == 3 ? QStringLiteral("3D Range") : QStringLiteral("Plot Range"),
+              central->mapToGlobal(QPoint(left, top)));
+  });
+  m_buttons->GiveFocusAway = [this] {
+    if (m_tabs->currentIndex() == 0) Functions().cmdAddFunction()->setFocus();
+  };
+  m_replotHost->OnFullScreen = [this] { ShowFullScreen(); };
+  m_resizeSettled.setSingleShot(true);
+  m_resizeSettled.setInterval(200);
+  connect(&m_resizeSettled, &QTimer::timeout, this, [this] {
+    if (m_plot->isVisible()) m_plot->Redraw();
+  });
 }
 
-void frmMain::BuildStatusBar() {
-  m_statusPane = new QLabel(QStringLiteral("Ready..."));
-  m_statusPane->setObjectName(QStringLiteral("Pane9000"));
-  m_statusPane->setToolTip(tr("Status"));
-  m_statusPane->setMinimumWidth(120);
-  statusBar()->addWidget(m_statusPane);
-}
-
-QString frmMain::StatusText(int pane) const { return pane == 9000 ? m_statusPane->text() : QString(); }
-
-void frmMain::SetStatusText(int pane, const QString& text) {
-  if (pane == 9000) m_statusPane->setText(text);
-}
+FunctionList& frmMain::Functions() { return m_tabs->Functions(); }
+QTabWidget* frmMain::tabInput() const { return m_tabs; }
+QLineEdit* frmMain::mnu_Integral_min() const { return m_tabs->mnu_Integral_min(); }
+QLineEdit* frmMain::mnu_Integral_max() const { return m_tabs->mnu_Integral_max(); }
+QString frmMain::StatusText(int pane) const { return m_panes->PaneText(pane); }
+void frmMain::SetStatusText(int pane, const QString& text) { m_panes->SetPaneText(pane, text); }
 
 void frmMain::Form_Load() {
   auto& settings = m_services.Settings;
@@ -168,6 +147,7 @@ void frmMain::Form_Load() {
 }
 
 void frmMain::StartRibbon() {
+  m_panes->Sync();
   MirrorPlot(false);
 }
 
@@ -179,6 +159,7 @@ void frmMain::MirrorPlot(bool afterEvent) {
   const auto color = [this](std::int32_t id, double value) {
     if (auto* control = m_commandBars.FindControl(id)) control->SetColor(static_cast<std::int32_t>(value));
   };
+  auto* zoomLabel = m_commandBars.FindControl(1126);
   if (!afterEvent) {
     color(1042, scene.BackColor());
     color(1044, scene.AxisColor());
@@ -189,7 +170,7 @@ void frmMain::MirrorPlot(bool afterEvent) {
     check(1092, scene.ShowMouseCoordinate());
     check(1086, scene.TransparentBackground());
     check(1124, scene.ShowTips());
-    if (auto* label = m_commandBars.FindControl(1126)) label->SetCaption(QStringLiteral("Zoom: X and Y"));
+    if (zoomLabel) zoomLabel->SetCaption(QStringLiteral("Zoom: X and Y"));
     return;
   }
   check(1087, scene.ShowAxis());
@@ -201,29 +182,40 @@ void frmMain::MirrorPlot(bool afterEvent) {
   check(1086, scene.TransparentBackground());
   color(1044, scene.AxisColor());
   color(1042, scene.BackColor());
-  if (auto* label = m_commandBars.FindControl(1126)) {
-    const std::int32_t zoom = scene.ZoomType();
-    label->SetCaption(zoom == 1   ? QStringLiteral("Zoom: X")
-                      : zoom == 2 ? QStringLiteral("Zoom: Y")
-                                  : QStringLiteral("Zoom: X and Y"));
+  if (zoomLabel == nullptr) return;
+  switch (scene.ZoomType()) {
+    case 1: zoomLabel->SetCaption(QStringLiteral("Zoom: X")); break;
+    case 2: zoomLabel->SetCaption(QStringLiteral("Zoom: Y")); break;
+    case 3: zoomLabel->SetCaption(QStringLiteral("Zoom: X and Y")); break;
+    default: break;
   }
 }
 
-void frmMain::Replot(bool with3D) {
-  (void)with3D;
-  plotcompiler::ScenePlotControl<plot2d::Plot> plot(m_plot->Scene(), [this] { m_plot->Redraw(); });
+void frmMain::Change3D(bool enable) {
+  for (std::int32_t id : {1087, 1088, 1090, 1089, 1124, 1086, 1092, 1043, 1034}) {
+    if (auto* control = m_commandBars.FindControl(id)) control->SetEnabled(enable);
+  }
+}
+
+void frmMain::ReplotInto(plotcompiler::PlotControl& plot, plotcompiler::Plot3DControl* plot3d) {
   try {
-    m_replotDriver->Replot(plot, nullptr);
+    m_replotDriver->Replot(plot, plot3d);
   } catch (const core::RuntimeError&) {
     // A row whose attribute list cannot be read stops the drawing where it is; the rows stay
     // editable, and the next replot that succeeds brings the tabs back.
   }
+}
+
+void frmMain::Replot(bool with3D) {
+  plotcompiler::ScenePlotControl<plot2d::Plot> plot(m_plot->Scene(), [this] { m_plot->Redraw(); });
+  plotcompiler::ScenePlot3DControl<plot3d::Plot3D> plot3d(m_plot3d->Scene(), [this] { m_plot3d->Redraw(); });
+  ReplotInto(plot, with3D ? &plot3d : nullptr);
   emit Replotted();
 }
 
-void frmMain::Refresh_mth_Height(bool scrollToEnd) { m_functions->Refresh_mth_Height(scrollToEnd); }
+void frmMain::Refresh_mth_Height(bool scrollToEnd) { Functions().Refresh_mth_Height(scrollToEnd); }
 
-void frmMain::AddFunction(bool showNote) { m_functions->AddFunction(showNote); }
+void frmMain::AddFunction(bool showNote) { Functions().AddFunction(showNote); }
 
 void frmMain::ProjectChanged() {
   m_state.ProjectChanged = true;
@@ -239,17 +231,54 @@ void frmMain::UpdateTitle() {
   setWindowTitle(title);
 }
 
+void frmMain::ApplyZoom(const QString& text) {
+  m_plot3d->Scene().SetZoom(m_evaluation.EvaluateExpression(text));
+  m_plot3d->Refresh();
+}
+
+// The page decides what is drawn, and which plot is on the screen.
+void frmMain::tabInput_Click(int index) {
+  m_tabs->Refresh_mth_Backcolor();
+  if (core::Tag(m_tabs) != core::kQuiet) Replot(true);
+  if (index != 3) {
+    Change3D(true);
+    m_plot->show();
+    m_plot3d->hide();
+    m_buttons->PB_3D()->hide();
+    for (std::int32_t id : {1125, 1070}) {
+      if (auto* group = m_commandBars.FindControl(id)) group->SetVisible(true);
+    }
+    m_buttons->btnLock()->setVisible(m_plot->isVisible());
+    m_buttons->SetDark(false);
+    m_tabs->Surface().btnOK()->hide();
+  } else {
+    Change3D(false);
+    m_plot->hide();
+    m_buttons->btnLock()->setVisible(false);
+    if (!m_prepared3D) {
+      m_plot3d->Prepare3D();
+      ++m_prepare3DCalls;
+    }
+    m_plot3d->show();
+    m_buttons->SetDark(true);
+    for (std::int32_t id : {1125, 1070}) {
+      if (auto* group = m_commandBars.FindControl(id)) group->SetVisible(false);
+    }
+    m_buttons->PB_3D()->show();
+    m_prepared3D = true;
+    m_tabs->Surface().txt3DZoom()->setFocus();
+  }
+  Form_Resize();
+}
+
 void frmMain::ShowInsert() {
   CloseInsert();
   m_insert = new dialogs::frmInsert(m_state, m_services.Boxes, *m_insertTarget,
                                     platform::DataFile(QStringLiteral("Ribbon/Menubar.xcb")), this);
-  // Beside the list, level with the row it edits.
+  // Beside the list, level with the editor it works on.
   QPoint at = m_rszControls->mapToGlobal(QPoint(Px(kPlotLeft) + 12, 12));
-  if (m_state.InsertSource == 0) {
-    const int row = static_cast<int>(m_state.InsertIndex);
-    if (row >= 0 && row <= m_functions->HighestIndex()) {
-      at.setY(m_functions->Row(row).mthFunction->mapToGlobal(QPoint(0, 0)).y() - 40);
-    }
+  if (const QWidget* editor = m_insertTarget->Editor(m_state.InsertSource, m_state.InsertIndex)) {
+    at.setY(editor->mapToGlobal(QPoint(0, 0)).y() - 40);
   }
   if (const QScreen* screen = this->screen()) {
     const QRect free = screen->availableGeometry();
@@ -265,6 +294,31 @@ void frmMain::ShowInsert() {
 
 void frmMain::CloseInsert() {
   if (m_insert) m_insert->Cancel();
+}
+
+void frmMain::ShowRange(const QString& mode, QPoint at) {
+  if (m_range) m_range->close();
+  m_range = new dialogs::frmRange(
+      mode, m_plot->Scene(), [this] { m_plot->Redraw(); }, m_plot3d->Scene(), [this] { m_plot3d->Redraw(); },
+      [this](const QString& text) { return m_evaluation.EvaluateExpression(text); }, this);
+  m_range->move(at);
+  m_range->show();
+  m_range->activateWindow();
+  m_range->raise();
+}
+
+void frmMain::ShowFullScreen() {
+  if (m_fullScreen) {
+    m_fullScreen->activateWindow();
+    return;
+  }
+  m_fullScreen = new output::frmFullScreen(
+      m_plot->Scene(), m_tabs->currentIndex() == 3,
+      [this](plotcompiler::PlotControl& plot, plotcompiler::Plot3DControl* plot3d) { ReplotInto(plot, plot3d); });
+  if (const QScreen* screen = this->screen()) m_fullScreen->setGeometry(screen->geometry());
+  m_fullScreen->showFullScreen();
+  m_fullScreen->activateWindow();
+  m_fullScreen->raise();
 }
 
 void frmMain::resizeEvent(QResizeEvent* event) {
@@ -283,26 +337,27 @@ void frmMain::Form_Resize() {
   m_ribbonHost->setGeometry(0, 0, W, ribbonHeight);
   m_rszControls->setGeometry(0, ribbonHeight, W, H - ribbonHeight);
   const double controlsHeight = Tw(m_rszControls->height());
-  m_tabInput->setGeometry(Px(kTabLeft), Px(kTabLeft), Px(kPlotLeft - 2 * kTabLeft - kPlotRightMargin),
-                          Px(controlsHeight - kTabBottomMargin - kTabLeft));
-  const bool on3D = m_tabInput->currentIndex() == 3;
-  const double left = on3D ? kPlot3DLeft : kPlotLeft;
-  const QRect plotArea(Px(left), Px(kTabLeft), Px(Tw(W) - left - kPlotRightMargin),
-                       Px(controlsHeight - kPlotBottomMargin - kTabLeft));
-  if (!on3D) {
+  m_tabs->setGeometry(Px(kTabLeft), Px(kTabLeft), Px(kPlot3DLeft - 2 * kTabLeft),
+                      Px(controlsHeight - kTabBottomMargin - kTabLeft));
+  const auto area = [&](double left) {
+    return QRect(Px(left), Px(kTabLeft), Px(Tw(W) - left - kPlotRightMargin),
+                 Px(controlsHeight - kPlotBottomMargin - kTabLeft));
+  };
+  if (m_tabs->currentIndex() != 3) {
     m_plot->show();
     m_plot3d->hide();
     plot2d::Plot& scene = m_plot->Scene();
     const double quality = scene.Quality();
     scene.SetQuality(20);
-    m_plot->setGeometry(plotArea);
+    m_plot->setGeometry(area(kPlotLeft));
     scene.SetQuality(quality);
   } else {
     m_plot3d->show();
     m_plot->hide();
-    m_plot3d->setGeometry(plotArea);
+    m_plot3d->setGeometry(area(kPlot3DLeft));
     m_plot3d->Refresh();
   }
+  m_buttons->Place(area(kPlotLeft), area(kPlot3DLeft), W);
 }
 
 }  // namespace rows

@@ -4,7 +4,9 @@
 
 #include "core/SharedState.h"
 #include "dialogs/frmInsert.h"
+#include "dialogs/frmRange.h"
 #include "expression/ScriptEvaluation.h"
+#include "output/frmFullScreen.h"
 #include "plotcompiler/ReplotDriver.h"
 #include "ribbon/CommandBars.h"
 #include "script/ScriptControl.h"
@@ -15,9 +17,7 @@
 
 #include <memory>
 
-class QLabel;
 class QLineEdit;
-class QTabWidget;
 
 namespace plot2d {
 class PlotWidget;
@@ -25,14 +25,19 @@ class PlotWidget;
 namespace plot3d {
 class Plot3DWidget;
 }
+namespace interaction {
+class PlotButtons;
+class StatusPanes;
+}
 
 namespace rows {
 
 class FunctionList;
 class FormInsertTarget;
 class FormReplotHost;
+class InputTabs;
 
-// The main window: the function list and the other input tabs on the left, the plot beside them,
+// The main window: the input tabs on the left, the plot beside them with its floating buttons,
 // the status bar under them, the command bars above. It owns and wires its parts; each of them is
 // a class of its own.
 class frmMain : public QMainWindow {
@@ -44,6 +49,8 @@ public:
 
   // The replot driver on the form's own plots; the 3D plot only where asked.
   void Replot(bool with3D = true);
+  // The same into other plots (full screen, the export page): the rows are the form's.
+  void ReplotInto(plotcompiler::PlotControl& plot, plotcompiler::Plot3DControl* plot3d);
   void Refresh_mth_Height(bool scrollToEnd);
   void AddFunction(bool showNote);
 
@@ -51,25 +58,37 @@ public:
   void ShowInsert();
   void CloseInsert();
   dialogs::frmInsert* Insert() const { return m_insert; }
+  // The range dialog in a mode ("Plot Range", "Default Range", "3D Range") at a place.
+  void ShowRange(const QString& mode, QPoint at);
+  dialogs::frmRange* Range() const { return m_range; }
+  void ShowFullScreen();
+  output::frmFullScreen* FullScreen() const { return m_fullScreen; }
 
-  // Step 5 of the ribbon's start and the plot's settings-changed event: the ribbon's checks,
-  // colours and zoom label follow the plot.
+  // The ribbon's checks, colours and zoom label follow the plot: all at the start, and again on
+  // the plot's settings-changed event.
   void MirrorPlot(bool afterEvent);
+  // The display toggles that act on the 2D plot alone, enabled or not.
+  void Change3D(bool enable);
   // The window's title: the program's name and the project's file, "*" while it has changes.
   void UpdateTitle();
 
   core::SharedState& State() { return m_state; }
-  FunctionList& Functions() { return *m_functions; }
-  QTabWidget* tabInput() const { return m_tabInput; }
+  InputTabs& Tabs() { return *m_tabs; }
+  FunctionList& Functions();
+  QTabWidget* tabInput() const;
   plot2d::PlotWidget& Plot() { return *m_plot; }
   plot3d::Plot3DWidget& Plot3D() { return *m_plot3d; }
+  interaction::PlotButtons& Buttons() { return *m_buttons; }
+  interaction::StatusPanes& Panes() { return *m_panes; }
   ribbon::CommandBars& CommandBars() { return m_commandBars; }
-  QLineEdit* mnu_Integral_min() const { return m_integralMin; }
-  QLineEdit* mnu_Integral_max() const { return m_integralMax; }
+  QLineEdit* mnu_Integral_min() const;
+  QLineEdit* mnu_Integral_max() const;
   QString StatusText(int pane) const;
   void SetStatusText(int pane, const QString& text);
   script::ScriptControl& SC() { return m_sc; }
   expression::ScriptEvaluation& Evaluation() { return m_evaluation; }
+  bool Prepared3D() const { return m_prepared3D; }
+  int Prepare3DCalls() const { return m_prepare3DCalls; }
 
 signals:
   // A replot has drawn; for tests and the full-screen form.
@@ -81,11 +100,11 @@ protected:
 private:
   void Form_Load();
   void Form_Resize();
-  void BuildInputTabs();
-  void BuildPlots();
-  void BuildStatusBar();
+  void tabInput_Click(int index);
+  void WireParts();
   void StartRibbon();
   void ProjectChanged();
+  void ApplyZoom(const QString& text);
 
   core::SharedState& m_state;
   MainServices m_services;
@@ -94,18 +113,19 @@ private:
   ribbon::CommandBars m_commandBars;
   QWidget* m_ribbonHost;
   QWidget* m_rszControls;
-  QTabWidget* m_tabInput;
-  FunctionList* m_functions;
-  QWidget* m_grpIntegralRange;
-  QLineEdit* m_integralMin;
-  QLineEdit* m_integralMax;
+  InputTabs* m_tabs;
   plot2d::PlotWidget* m_plot;
   plot3d::Plot3DWidget* m_plot3d;
-  QLabel* m_statusPane;
+  interaction::PlotButtons* m_buttons;
+  interaction::StatusPanes* m_panes;
   std::unique_ptr<FormReplotHost> m_replotHost;
   std::unique_ptr<plotcompiler::ReplotDriver> m_replotDriver;
   std::unique_ptr<FormInsertTarget> m_insertTarget;
   QPointer<dialogs::frmInsert> m_insert;
+  QPointer<dialogs::frmRange> m_range;
+  QPointer<output::frmFullScreen> m_fullScreen;
+  bool m_prepared3D = false;
+  int m_prepare3DCalls = 0;
   QTimer m_resizeSettled;  // a full-quality picture once the window has stopped changing size
 };
 

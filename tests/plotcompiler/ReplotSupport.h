@@ -9,6 +9,7 @@
 
 #include "StateSupport.h"
 
+#include <QMap>
 #include <QStringList>
 
 #include <map>
@@ -94,6 +95,21 @@ public:
     enabledChanges.push_back(enabled);
   }
   void ShowFullScreen() override { fullScreens++, events << QStringLiteral("FullScreen"); }
+  QString InequalityText(int side) const override { return inequality[side]; }
+  QString InequalityRelation(int side) const override { return relations[side]; }
+  std::int32_t InequalityLineColor() const override { return 255; }
+  std::int32_t InequalityFillColor() const override { return 65280; }
+  bool InequalityTwoSides() const override { return twoSides; }
+  QString ParametricX() const override { return parametric[0]; }
+  QString ParametricY() const override { return parametric[1]; }
+  QString ParametricMin() const override { return parametric[2]; }
+  QString ParametricMax() const override { return parametric[3]; }
+  QString ParametricType() const override { return parametricType; }
+  std::int32_t ParametricColor() const override { return 16711680; }
+  int Selected3DTab() const override { return tab3D; }
+  QString Text3D(const QString& name) const override { return texts3D.value(name); }
+  int GridIndex() const override { return gridIndex; }
+  QString ZoomText() const override { return zoom; }
 
   // Rows from their texts, every one with the default attributes.
   void SetTexts(const QStringList& texts) {
@@ -110,6 +126,36 @@ public:
   std::vector<bool> enabledChanges;
   int fullScreens = 0;
   QStringList events;
+  QString inequality[2] = {QStringLiteral("x^2"), QStringLiteral("x+2")};
+  QString relations[2] = {QStringLiteral(">"), QStringLiteral("<=")};
+  bool twoSides = false;
+  QString parametric[4] = {QStringLiteral("cos(t)"), QStringLiteral("sin(t)"), QStringLiteral("-pi"), QStringLiteral("pi")};
+  QString parametricType = QStringLiteral("Cartesian");
+  int tab3D = 0;
+  QMap<QString, QString> texts3D{{"txt_thetaMin", "-2*pi"}, {"txt_thetaMax", "2*pi"}, {"txt_phiMin", "0"},
+                                 {"txt_phiMax", "pi"}, {"txt_3D_uMin", "0"}, {"txt_3D_uMax", "2"},
+                                 {"txt_3D_vMin", "0"}, {"txt_3D_vMax", "2"}};
+  int gridIndex = 2;
+  QString zoom = QStringLiteral("1");
+};
+
+// A 3D plot that writes down what it is given.
+class RecordingPlot3D : public plotcompiler::Plot3DControl {
+public:
+  void SetEquation(const QString& text) override { calls << "Equation=" + text; }
+  void SetFunctionKind(std::int32_t kind) override { calls << QStringLiteral("FunctionKind=%1").arg(kind); }
+  void SetGridCount(std::int32_t count) override { calls << QStringLiteral("GridCount=%1").arg(count); }
+  void SetZoom(double zoom) override { calls << "Zoom=" + core::FormatNumber(zoom); }
+  void SetThetaMin(double v) override { calls << "ThetaMin=" + core::FormatNumber(v); }
+  void SetThetaMax(double v) override { calls << "ThetaMax=" + core::FormatNumber(v); }
+  void SetPhiMin(double v) override { calls << "PhiMin=" + core::FormatNumber(v); }
+  void SetPhiMax(double v) override { calls << "PhiMax=" + core::FormatNumber(v); }
+  void SetUMin(double v) override { calls << "UMin=" + core::FormatNumber(v); }
+  void SetUMax(double v) override { calls << "UMax=" + core::FormatNumber(v); }
+  void SetVMin(double v) override { calls << "VMin=" + core::FormatNumber(v); }
+  void SetVMax(double v) override { calls << "VMax=" + core::FormatNumber(v); }
+  void Redraw() override { calls << "Redraw"; }
+  QStringList calls;
 };
 
 // The driver with its state and script engine, started as the main form starts them.
@@ -125,7 +171,8 @@ struct ReplotFixture {
   }
   QStringList Replot() {
     plot = RecordingPlot{};
-    driver.Replot(plot);
+    plot3d = RecordingPlot3D{};
+    driver.Replot(plot, &plot3d);
     return plot.calls;
   }
 
@@ -135,4 +182,5 @@ struct ReplotFixture {
   FakeReplotHost host;
   plotcompiler::ReplotDriver driver;
   RecordingPlot plot;
+  RecordingPlot3D plot3d;
 };

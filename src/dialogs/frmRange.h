@@ -1,0 +1,67 @@
+#pragma once
+
+#include "plot2d/Plot.h"
+#include "plot3d/Plot3D.h"
+
+#include <QDialog>
+#include <QTimer>
+
+#include <functional>
+
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+namespace dialogs {
+
+// The limits of the plot, in one of three modes that the form's tag names: "Plot Range" (the
+// plot's current range), "Default Range" (the range a reset returns to) and "3D Range" (the box of
+// the 3D plot). The fields are expressions. It grows open from nothing and goes as soon as it
+// loses the activation, applying nothing.
+class frmRange : public QDialog {
+  Q_OBJECT
+
+public:
+  using Evaluate = std::function<double(const QString&)>;
+
+  frmRange(const QString& mode, plot2d::Plot& plot, std::function<void()> redrawPlot, plot3d::Plot3D& plot3d,
+           std::function<void()> redrawPlot3D, Evaluate evaluate, QWidget* parent = nullptr);
+
+  QLineEdit* Field(const QString& name) const;
+  QLabel* lblRange() const { return m_label; }
+  QPushButton* btnCurrentRange() const { return m_range; }
+  QPushButton* btnOK() const { return m_ok; }
+  QPushButton* btnCancel() const { return m_cancel; }
+
+  void Form_Activate();
+  void btnCurrentRange_Click();
+  void btnOK_Click();
+  // One tick of the opening animation, and the size it grows to.
+  void Timer1_Timer();
+  QSize TargetSize() const;
+
+protected:
+  bool event(QEvent* event) override;
+
+private:
+  QString Mode() const;
+  bool Is3D() const { return Mode() == u"3D Range"; }
+  void Fill(double xMin, double xMax, double yMin, double yMax);
+  void Set(const char* field, const std::function<void(double)>& set);
+  void Unload();
+
+  plot2d::Plot& m_plot;
+  std::function<void()> m_redrawPlot;
+  plot3d::Plot3D& m_plot3d;
+  std::function<void()> m_redrawPlot3D;
+  Evaluate m_evaluate;
+  QLabel* m_label;
+  QLabel* m_toZ;
+  QPushButton* m_range;
+  QPushButton* m_ok;
+  QPushButton* m_cancel;
+  QTimer m_timer;
+  bool m_unloading = false;
+};
+
+}  // namespace dialogs
