@@ -1,7 +1,8 @@
 // The main window as a user meets it, offscreen: a replot of 109 mixed rows at 1280x800 and
 // quality 90, split into our part (two compilations a row, the passes, the points) and the
-// drawing; one keystroke in the insert dialog's linear style for a 60-character row; and the main
-// window from its construction to its first painted frame.
+// drawing; one keystroke in the insert dialog's linear style for a 60-character row; the main
+// window from its construction to its first painted frame; switching between the 2D and the 3D
+// page; a step of the quality slider.
 #include "../tests/plotcompiler/ReplotSupport.h"
 
 #include "core/Tag.h"
@@ -9,6 +10,10 @@
 #include "platform/DataFolder.h"
 #include "plot2d/Plot.h"
 #include "rows/FunctionList.h"
+#include "interaction/StatusPanes.h"
+#include "mathx/MthX.h"
+#include "plot3d/Plot3DWidget.h"
+#include "rows/InputTabs.h"
 #include "rows/frmMain.h"
 
 #include "../tests/support/FakeDesktop.h"
@@ -18,6 +23,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QPixmap>
+#include <QSignalSpy>
 #include <QTest>
 
 #include <cstdio>
@@ -124,6 +130,60 @@ void BM_MainWindowFirstFrame(benchmark::State& state) {
   }
 }
 BENCHMARK(BM_MainWindowFirstFrame)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(20);
+
+// From a click on the 3D page to the surface on the screen, over a mesh of 100x100; and back to
+// the 2D page with its curves drawn.
+void BM_SwitchTo3D(benchmark::State& state) {
+  MemorySettings settings;
+  RecordingBoxes boxes;
+  ScriptedColors colors;
+  core::SharedState shared = InitialisedState();
+  rows::frmMain form(shared, rows::MainServices{settings, boxes, colors});
+  form.show();
+  form.Functions().Row(0).mthFunction->SetText(QStringLiteral("y=sin(x)"));
+  form.Tabs().Surface().Editor(1)->SetText(QStringLiteral("z=sin(x)*cos(y)"));
+  for (auto _ : state) {
+    QSignalSpy finished(&form.Plot3D(), &plot3d::Plot3DWidget::Finished);
+    form.Tabs().setCurrentIndex(3);
+    finished.wait(5000);
+    benchmark::DoNotOptimize(form.Plot3D().grab().cacheKey());
+    state.PauseTiming();
+    form.Tabs().setCurrentIndex(0);
+    state.ResumeTiming();
+  }
+}
+BENCHMARK(BM_SwitchTo3D)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void BM_SwitchTo2D(benchmark::State& state) {
+  MemorySettings settings;
+  RecordingBoxes boxes;
+  ScriptedColors colors;
+  core::SharedState shared = InitialisedState();
+  rows::frmMain form(shared, rows::MainServices{settings, boxes, colors});
+  form.show();
+  form.Functions().Row(0).mthFunction->SetText(QStringLiteral("y=sin(x)"));
+  for (auto _ : state) {
+    state.PauseTiming();
+    form.Tabs().setCurrentIndex(3);
+    state.ResumeTiming();
+    form.Tabs().setCurrentIndex(0);
+    benchmark::DoNotOptimize(form.Plot().grab().cacheKey());
+  }
+}
+BENCHMARK(BM_SwitchTo2D)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// A step of the quality slider: it changes the setting for the next replot and nothing else.
+void BM_QualitySliderStep(benchmark::State& state) {
+  MemorySettings settings;
+  RecordingBoxes boxes;
+  ScriptedColors colors;
+  core::SharedState shared = InitialisedState();
+  rows::frmMain form(shared, rows::MainServices{settings, boxes, colors});
+  form.Functions().Row(0).mthFunction->SetText(QStringLiteral("y=sin(x)"));
+  int command = 0;
+  for (auto _ : state) form.Panes().StatusBar_SliderPaneClick(QStringLiteral("Plot Quality"), (command ^= 1), 0);
+}
+BENCHMARK(BM_QualitySliderStep)->Unit(benchmark::kMicrosecond);
 
 class Reporter : public benchmark::ConsoleReporter {
 public:
