@@ -74,6 +74,16 @@ QString SeveralConditions(const QString& o) {
   return result + u')';
 }
 
+// Where the bracket that opens the text closes, or -1 when it stays open.
+qsizetype ClosingBracketOfFirst(const QString& s) {
+  int depth = 0;
+  for (qsizetype i = 0; i < s.size(); ++i) {
+    if (s[i] == u'(') ++depth;
+    if (s[i] == u')' && --depth == 0) return i;
+  }
+  return -1;
+}
+
 }  // namespace
 
 QString InequalityToDomain(const QString& text) {
@@ -85,7 +95,9 @@ QString CompileInequalityRow(const QString& text) {
   QString s = EditorSymbols(text);
   const QString o = s;  // the conditions are counted in this copy
   if (Left(s, 7) == QStringLiteral("command")) return s;
-  if (s.startsWith(u'(') && s.endsWith(u')')) s = Mid(s, 2, s.size() - 2);
+  // A whole text in brackets loses them; "(x+1)*(x-1)" starts and ends with one but is no such
+  // text, and keeps its own.
+  if (s.startsWith(u'(') && s.endsWith(u')') && ClosingBracketOfFirst(s) == s.size() - 1) s = Mid(s, 2, s.size() - 2);
   s = Replace(s, QStringLiteral("=<"), QStringLiteral("<="));
   if (!core::Contains(s, QStringLiteral(";")) || s.startsWith(u'[')) return s;
 

@@ -76,6 +76,12 @@ TEST(InequalityCompiler, CommandsAndBracketedRows) {
       {"command;x<3", "command;x<3"},
       {"(y=x;x<3)", "declare(y=x,x<3)"},
       {"(y=x)", "y=x"},
+      {"((x+1))", "(x+1)"},
+      // Brackets that only start and end the text are no brackets round it.
+      {"(x+1)*(x-1)", "(x+1)*(x-1)"},
+      {"(2+cos(v))cos*(u)", "(2+cos(v))cos*(u)"},
+      {"(x^2+1)/(x-1)", "(x^2+1)/(x-1)"},
+      {"(x", "(x"},
       {"", ""},
       {";", ""},
       {"y=x;", ""},

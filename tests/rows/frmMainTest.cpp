@@ -216,7 +216,7 @@ TEST(frmMain, TheTitleNamesTheProject) {
 TEST(frmMain, FunctionsTypedInTheLinearStyleAreDrawn) {
   FormFixture f;
   auto& form = f.Form();
-  for (const char* typed : {"y=2sin(x)", "r=2+2cos(q..symb)", "y=sin(x)cos(x)", "y=3x^2sqrt(x)"}) {
+  for (const char* typed : {"y=2sin(x)", "r=2+2cos(q..symb)", "y=sin(x)cos(x)", "y=3x^2sqrt(x)", "(x+1)*(x-1)"}) {
     QTest::mouseClick(form.Functions().Row(0).mthFunction, Qt::LeftButton);
     dialogs::frmInsert* insert = form.Insert();
     ASSERT_NE(insert, nullptr);
