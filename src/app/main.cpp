@@ -21,7 +21,10 @@ void ApplyLook(QApplication& application) {
   QApplication::setStyle(QStringLiteral("Fusion"));
   if (QDir(QStringLiteral("/usr/share/icons/breeze")).exists()) QIcon::setThemeName(QStringLiteral("breeze"));
   QFile sheet(platform::DataFile(QStringLiteral("Ribbon/Quillograph.qss")));
-  if (sheet.open(QIODevice::ReadOnly)) application.setStyleSheet(QString::fromUtf8(sheet.readAll()));
+  // The sheet names the program's own pictures by %DATA%, wherever the data folder stands.
+  if (sheet.open(QIODevice::ReadOnly)) {
+    application.setStyleSheet(QString::fromUtf8(sheet.readAll()).replace(QStringLiteral("%DATA%"), platform::DataFolder()));
+  }
 }
 
 }  // namespace
