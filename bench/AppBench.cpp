@@ -121,9 +121,10 @@ void BM_MainWindowFirstFrame(benchmark::State& state) {
   MemorySettings settings;
   RecordingBoxes boxes;
   ScriptedColors colors;
+  ScriptedFiles files;
   for (auto _ : state) {
     core::SharedState shared = InitialisedState();
-    rows::frmMain form(shared, rows::MainServices{settings, boxes, colors});
+    rows::frmMain form(shared, rows::MainServices{settings, boxes, colors, files});
     form.show();
     const QPixmap frame = form.grab();
     benchmark::DoNotOptimize(frame.cacheKey());
@@ -137,8 +138,9 @@ void BM_SwitchTo3D(benchmark::State& state) {
   MemorySettings settings;
   RecordingBoxes boxes;
   ScriptedColors colors;
+  ScriptedFiles files;
   core::SharedState shared = InitialisedState();
-  rows::frmMain form(shared, rows::MainServices{settings, boxes, colors});
+  rows::frmMain form(shared, rows::MainServices{settings, boxes, colors, files});
   form.show();
   form.Functions().Row(0).mthFunction->SetText(QStringLiteral("y=sin(x)"));
   form.Tabs().Surface().Editor(1)->SetText(QStringLiteral("z=sin(x)*cos(y)"));
@@ -158,8 +160,9 @@ void BM_SwitchTo2D(benchmark::State& state) {
   MemorySettings settings;
   RecordingBoxes boxes;
   ScriptedColors colors;
+  ScriptedFiles files;
   core::SharedState shared = InitialisedState();
-  rows::frmMain form(shared, rows::MainServices{settings, boxes, colors});
+  rows::frmMain form(shared, rows::MainServices{settings, boxes, colors, files});
   form.show();
   form.Functions().Row(0).mthFunction->SetText(QStringLiteral("y=sin(x)"));
   for (auto _ : state) {
@@ -177,8 +180,9 @@ void BM_QualitySliderStep(benchmark::State& state) {
   MemorySettings settings;
   RecordingBoxes boxes;
   ScriptedColors colors;
+  ScriptedFiles files;
   core::SharedState shared = InitialisedState();
-  rows::frmMain form(shared, rows::MainServices{settings, boxes, colors});
+  rows::frmMain form(shared, rows::MainServices{settings, boxes, colors, files});
   form.Functions().Row(0).mthFunction->SetText(QStringLiteral("y=sin(x)"));
   int command = 0;
   for (auto _ : state) form.Panes().StatusBar_SliderPaneClick(QStringLiteral("Plot Quality"), (command ^= 1), 0);

@@ -5,6 +5,7 @@
 #include "core/Startup.h"
 #include "platform/DataFolder.h"
 #include "platform/QtColorChooser.h"
+#include "platform/QtFileDialogs.h"
 #include "platform/QtMessageBoxes.h"
 #include "rows/frmMain.h"
 
@@ -39,12 +40,16 @@ int main(int argc, char** argv) {
   core::IniSettingsStore settings;
   platform::QtMessageBoxes boxes;
   platform::QtColorChooser colors;
+  platform::QtFileDialogs files;
   std::unique_ptr<rows::frmMain> form;
 
   core::StartupHooks hooks;
   hooks.ShowMainForm = [&] {
-    form = std::make_unique<rows::frmMain>(state, rows::MainServices{settings, boxes, colors});
+    form = std::make_unique<rows::frmMain>(state, rows::MainServices{settings, boxes, colors, files});
     form->show();
+  };
+  hooks.LoadProject = [&](const QString& path) {
+    if (form) form->LoadProject(path);
   };
   core::Main(state, settings, core::CommandLineOf(QApplication::arguments()), hooks);
   return QApplication::exec();

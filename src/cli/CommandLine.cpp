@@ -4,6 +4,7 @@
 #include "EvalCommand.h"
 #include "ExplainCommand.h"
 #include "PlotCommand.h"
+#include "ProjectCommands.h"
 #include "SurfaceCommand.h"
 #include "TypesetCommand.h"
 
@@ -40,7 +41,7 @@ QString HelpText() {
       "                      right-hand side alone. \"Could Not Derivative!\" and exit status 1\n"
       "                      where there is none (implicit equations, point lists, commands).\n"
       "\n") +
-      PlotHelp() + u'\n' + SurfaceHelp() + u'\n' + TypesetHelp() +
+      PlotHelp() + u'\n' + SurfaceHelp() + u'\n' + TypesetHelp() + u'\n' + ProjectCommandsHelp() +
       QString(
       "\n"
       "Options:\n"
@@ -73,7 +74,11 @@ std::optional<std::vector<double>> NumberList(const QString& text, int count, QC
 
 bool NeedsGui(const QStringList& arguments) {
   return !arguments.isEmpty() && (arguments.first() == u"plot" || arguments.first() == u"surface" ||
-                                  arguments.first() == u"typeset");
+                                  arguments.first() == u"typeset" || NeedsWidgets(arguments));
+}
+
+bool NeedsWidgets(const QStringList& arguments) {
+  return !arguments.isEmpty() && (arguments.first() == u"render" || arguments.first() == u"resave");
 }
 
 int Run(const QStringList& arguments, Streams streams) {
@@ -100,6 +105,8 @@ int Run(const QStringList& arguments, Streams streams) {
   if (command == u"derive") return RunDerive(rest, streams);
   if (command == u"surface") return RunSurface(rest, streams);
   if (command == u"typeset") return RunTypeset(rest, streams);
+  if (command == u"render") return RunRender(rest, streams);
+  if (command == u"resave") return RunResave(rest, streams);
   streams.Err << "quillograph-cli: unknown command \"" << command << "\"\n\n" << HelpText();
   streams.Err.flush();
   return 2;

@@ -32,5 +32,7 @@ std::optional<std::vector<double>> NumberList(const QString& text, int count, QC
 
 // Whether a command draws, and so needs a QGuiApplication (fonts) before it runs.
 bool NeedsGui(const QStringList& arguments);
+// Whether it runs the main form, and so needs a QApplication.
+bool NeedsWidgets(const QStringList& arguments);
 
 }  // namespace cli

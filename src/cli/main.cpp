@@ -1,5 +1,6 @@
 #include "CommandLine.h"
 
+#include <QApplication>
 #include <QGuiApplication>
 #include <QStringList>
 #include <QTextStream>
@@ -15,7 +16,8 @@ int main(int argc, char** argv) {
   std::unique_ptr<QGuiApplication> application;
   if (cli::NeedsGui(arguments)) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    application = std::make_unique<QGuiApplication>(argc, argv);
+    if (cli::NeedsWidgets(arguments)) application = std::make_unique<QApplication>(argc, argv);
+    else application = std::make_unique<QGuiApplication>(argc, argv);
   }
   QTextStream in(stdin);
   QTextStream out(stdout);

@@ -1,5 +1,7 @@
 #include "RtfReader.h"
 
+#include "core/Windows1252.h"
+
 #include <QColor>
 #include <QStringDecoder>
 #include <QTextBlockFormat>
@@ -21,13 +23,6 @@ namespace project {
 namespace {
 
 // Windows-1252 differs from Latin-1 in the bytes 0x80 to 0x9F alone.
-constexpr std::array<char16_t, 32> kWindows1252High = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,  // 80
-    0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,  // 88
-    0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,  // 90
-    0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,  // 98
-};
-
 // Groups nested deeper than this are passed over whole: no document needs them, and the saved
 // states of a malicious nesting would otherwise grow with it.
 constexpr std::size_t kMaxDepth = 256;
@@ -597,10 +592,7 @@ QString DecodePlainBytes(const QByteArray& bytes) {
 
 }  // namespace
 
-char16_t RtfReader::FromWindows1252(unsigned char byte) {
-  if (byte >= 0x80 && byte < 0xA0) return kWindows1252High[byte - 0x80u];
-  return byte;
-}
+char16_t RtfReader::FromWindows1252(unsigned char byte) { return core::FromWindows1252(byte); }
 
 bool RtfReader::IsRtf(QStringView text) {
   qsizetype i = 0;

@@ -1,5 +1,7 @@
 #include "RtfWriter.h"
 
+#include "core/Windows1252.h"
+
 #include "RtfReader.h"
 
 #include <QFont>
@@ -73,15 +75,6 @@ Align AlignOf(const QTextBlock& block) {
   return Align::Left;
 }
 
-// Windows-1252's byte for a character, if it has one.
-std::optional<unsigned char> ToWindows1252(char16_t c) {
-  if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) return static_cast<unsigned char>(c);
-  for (unsigned byte = 0x80; byte < 0xA0; ++byte) {
-    if (RtfReader::FromWindows1252(static_cast<unsigned char>(byte)) == c) return static_cast<unsigned char>(byte);
-  }
-  return std::nullopt;
-}
-
 void AppendHexByte(QString& out, unsigned char byte) {
   static const char digits[] = "0123456789abcdef";
   out += QLatin1String("\\'");
@@ -108,7 +101,7 @@ void AppendText(QString& out, QStringView text, bool inName) {
       out += QLatin1String("\\line ");
     } else if (c == 0 || c == u'\r' || c == u'\n' || c == 0x2029 || c == 0xFDD0 || c == 0xFDD1) {
       // structure of the document, not text
-    } else if (const std::optional<unsigned char> byte = ToWindows1252(c)) {
+    } else if (const std::optional<unsigned char> byte = core::ToWindows1252(c)) {
       AppendHexByte(out, *byte);
     } else {
       out += QLatin1String("\\u");

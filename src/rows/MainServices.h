@@ -2,6 +2,7 @@
 
 #include "core/SettingsStore.h"
 #include "platform/ColorChooser.h"
+#include "platform/FileDialogs.h"
 #include "platform/MessageBoxes.h"
 
 namespace rows {
@@ -12,6 +13,7 @@ struct MainServices {
   core::SettingsStore& Settings;
   platform::MessageBoxes& Boxes;
   platform::ColorChooser& Colors;
+  platform::FileDialogs& Files;
 };
 
 }  // namespace rows

@@ -1,6 +1,8 @@
 #include "frmMain.h"
 
+#include "FileCommands.h"
 #include "FormInsertTarget.h"
+#include "FormProject.h"
 #include "FormReplotHost.h"
 #include "FunctionList.h"
 #include "InputTabs.h"
@@ -16,8 +18,11 @@
 #include "plot2d/PlotWidget.h"
 #include "plot3d/Plot3DWidget.h"
 #include "plotcompiler/PlotControl.h"
+#include "project/ProjectReader.h"
+#include "project/ProjectWriter.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QPushButton>
@@ -67,6 +72,10 @@ frmMain::frmMain(core::SharedState& state, const MainServices& services, QWidget
   m_replotHost = std::make_unique<FormReplotHost>(*this);
   m_replotDriver = std::make_unique<plotcompiler::ReplotDriver>(m_state, m_evaluation, *m_replotHost);
   m_insertTarget = std::make_unique<FormInsertTarget>(*this);
+  m_project = std::make_unique<FormProject>(*this);
+  m_files = std::make_unique<FileCommands>(
+      m_state, m_services.Boxes, m_services.Files, [this](const QString& path) { SaveProject(path); },
+      [this](const QString& path) { LoadProject(path); });
   WireParts();
 
   setMinimumSize(900, 560);
@@ -211,6 +220,39 @@ void frmMain::Replot(bool with3D) {
   plotcompiler::ScenePlot3DControl<plot3d::Plot3D> plot3d(m_plot3d->Scene(), [this] { m_plot3d->Redraw(); });
   ReplotInto(plot, with3D ? &plot3d : nullptr);
   emit Replotted();
+}
+
+void frmMain::SaveProject(const QString& path) {
+  project::ProjectWriter(*m_project, m_state, m_services.Boxes).SaveProject(path);
+  UpdateTitle();
+}
+
+void frmMain::LoadProject(const QString& path) {
+  CloseInsert();
+  project::ProjectReader(*m_project, m_state, m_services.Boxes).LoadProject(path);
+  UpdateTitle();
+}
+
+void frmMain::SaveThisFile() {
+  m_files->SaveThisFile();
+  UpdateTitle();
+}
+
+void frmMain::OpenThisFile() {
+  m_files->OpenThisFile();
+  UpdateTitle();
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+  if (!m_files->MayClose()) {
+    event->ignore();
+    return;
+  }
+  for (QWidget* popup : {static_cast<QWidget*>(m_insert.data()), static_cast<QWidget*>(m_range.data()),
+                         static_cast<QWidget*>(m_fullScreen.data())}) {
+    if (popup) popup->close();
+  }
+  event->accept();
 }
 
 void frmMain::Refresh_mth_Height(bool scrollToEnd) { Functions().Refresh_mth_Height(scrollToEnd); }

@@ -32,6 +32,8 @@ class StatusPanes;
 
 namespace rows {
 
+class FileCommands;
+class FormProject;
 class FunctionList;
 class FormInsertTarget;
 class FormReplotHost;
@@ -52,6 +54,12 @@ public:
   // The same into other plots (full screen, the export page): the rows are the form's.
   void ReplotInto(plotcompiler::PlotControl& plot, plotcompiler::Plot3DControl* plot3d);
   void Refresh_mth_Height(bool scrollToEnd);
+  // The project files: the writer and the reader on this form, and the commands with dialogs.
+  void SaveProject(const QString& path);
+  void LoadProject(const QString& path);
+  void SaveThisFile();
+  void OpenThisFile();
+  FileCommands& Files() { return *m_files; }
   void AddFunction(bool showNote);
 
   // The insert dialog for the editor that InsertSource and InsertIndex name; closing it.
@@ -96,6 +104,7 @@ signals:
 
 protected:
   void resizeEvent(QResizeEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
 
 private:
   void Form_Load();
@@ -121,6 +130,8 @@ private:
   std::unique_ptr<FormReplotHost> m_replotHost;
   std::unique_ptr<plotcompiler::ReplotDriver> m_replotDriver;
   std::unique_ptr<FormInsertTarget> m_insertTarget;
+  std::unique_ptr<FormProject> m_project;
+  std::unique_ptr<FileCommands> m_files;
   QPointer<dialogs::frmInsert> m_insert;
   QPointer<dialogs::frmRange> m_range;
   QPointer<output::frmFullScreen> m_fullScreen;

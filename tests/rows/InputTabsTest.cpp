@@ -27,7 +27,7 @@ namespace {
 
 struct TabsFixture {
   TabsFixture() : state(InitialisedState()) {
-    form = std::make_unique<rows::frmMain>(state, rows::MainServices{settings, boxes, colors});
+    form = std::make_unique<rows::frmMain>(state, rows::MainServices{settings, boxes, colors, files});
     form->show();
     QApplication::setActiveWindow(form.get());
   }
@@ -39,6 +39,7 @@ struct TabsFixture {
   MemorySettings settings;
   RecordingBoxes boxes;
   ScriptedColors colors;
+  ScriptedFiles files;
   std::unique_ptr<rows::frmMain> form;
 };
 

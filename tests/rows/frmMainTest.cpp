@@ -28,7 +28,7 @@ struct FormFixture {
   FormFixture() : state(InitialisedState()) {}
   rows::frmMain& Form() {
     if (!form) {
-      form = std::make_unique<rows::frmMain>(state, rows::MainServices{settings, boxes, colors});
+      form = std::make_unique<rows::frmMain>(state, rows::MainServices{settings, boxes, colors, files});
       form->show();
     }
     return *form;
@@ -38,6 +38,7 @@ struct FormFixture {
   MemorySettings settings;
   RecordingBoxes boxes;
   ScriptedColors colors;
+  ScriptedFiles files;
   std::unique_ptr<rows::frmMain> form;
 };
 

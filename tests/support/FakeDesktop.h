@@ -2,6 +2,7 @@
 
 #include "core/SettingsStore.h"
 #include "platform/ColorChooser.h"
+#include "platform/FileDialogs.h"
 #include "platform/MessageBoxes.h"
 
 #include <QColor>
@@ -66,4 +67,32 @@ public:
 
   QMap<QString, QString> values;
   std::vector<QString> reads, writes;
+};
+
+// The file dialogs, answered by the test: the next name queued, or cancelled. Each dialog shown is
+// recorded with its title, filter and the name it started from.
+class ScriptedFiles : public platform::FileDialogs {
+public:
+  struct Dialog {
+    QString Title, Filter, Initial;
+    bool Save;
+  };
+  std::optional<QString> SaveFileName(const QString& title, const QString& filter, const QString& initial) override {
+    return Answer({title, filter, initial, true});
+  }
+  std::optional<QString> OpenFileName(const QString& title, const QString& filter, const QString& initial) override {
+    return Answer({title, filter, initial, false});
+  }
+
+  std::deque<std::optional<QString>> names;
+  std::vector<Dialog> shown;
+
+private:
+  std::optional<QString> Answer(Dialog dialog) {
+    shown.push_back(std::move(dialog));
+    if (names.empty()) return std::nullopt;
+    auto name = names.front();
+    names.pop_front();
+    return name;
+  }
 };
