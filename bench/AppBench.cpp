@@ -2,7 +2,7 @@
 // quality 90, split into our part (two compilations a row, the passes, the points) and the
 // drawing; one keystroke in the insert dialog's linear style for a 60-character row; the main
 // window from its construction to its first painted frame; switching between the 2D and the 3D
-// page; a step of the quality slider.
+// page; a step of the quality slider; loading and saving a project of 109 rows with notes.
 #include "../tests/plotcompiler/ReplotSupport.h"
 
 #include "core/Tag.h"
@@ -24,6 +24,7 @@
 #include <QLineEdit>
 #include <QPixmap>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <cstdio>
@@ -188,6 +189,43 @@ void BM_QualitySliderStep(benchmark::State& state) {
   for (auto _ : state) form.Panes().StatusBar_SliderPaneClick(QStringLiteral("Plot Quality"), (command ^= 1), 0);
 }
 BENCHMARK(BM_QualitySliderStep)->Unit(benchmark::kMicrosecond);
+
+// A project of 109 mixed rows, each with a note of two lines, on a form: saved, and loaded with its
+// replot.
+struct ProjectOnForm {
+  ProjectOnForm() : shared(InitialisedState()), form(shared, rows::MainServices{settings, boxes, colors, files}) {
+    form.resize(1280, 800);
+    const QStringList rowsOfText = MixedRows();
+    for (int i = 0; i < rowsOfText.size(); ++i) {
+      if (i > form.Functions().HighestIndex()) form.Functions().AddFunction(false);
+      form.Functions().Row(i).mthFunction->SetText(rowsOfText[i]);
+      form.Functions().Row(i).rchfunNote->setPlainText(QStringLiteral("A note for row %1\nand its second line").arg(i + 1));
+    }
+    path = dir.filePath(QStringLiteral("bench.qlp"));
+    form.SaveProject(path);
+  }
+  MemorySettings settings;
+  RecordingBoxes boxes;
+  ScriptedColors colors;
+  ScriptedFiles files;
+  core::SharedState shared;
+  rows::frmMain form;
+  QTemporaryDir dir;
+  QString path;
+};
+
+void BM_Project109_Load(benchmark::State& state) {
+  ProjectOnForm p;
+  for (auto _ : state) p.form.LoadProject(p.path);
+  state.counters["rows"] = p.form.Functions().HighestIndex() + 1;
+}
+BENCHMARK(BM_Project109_Load)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void BM_Project109_Save(benchmark::State& state) {
+  ProjectOnForm p;
+  for (auto _ : state) p.form.SaveProject(p.path);
+}
+BENCHMARK(BM_Project109_Save)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 class Reporter : public benchmark::ConsoleReporter {
 public:

@@ -43,6 +43,10 @@ public:
   virtual void Replot() = 0;                   // everything, the 3D plot included
   virtual void Refresh_mth_Height() = 0;
   virtual void SetProjectChanged(bool changed) = 0;
+  // Around a load that has opened its file, whether it ends well or not: the form may hold back
+  // its layout meanwhile.
+  virtual void BeginLoad() {}
+  virtual void EndLoad() {}
 };
 
 }  // namespace project

@@ -136,6 +136,11 @@ void ProjectReader::LoadProject(const QString& path) {
 }
 
 void ProjectReader::LoadBytes(const QByteArray& bytes) {
+  struct Loading {
+    ProjectForm& Form;
+    explicit Loading(ProjectForm& form) : Form(form) { Form.BeginLoad(); }
+    ~Loading() { Form.EndLoad(); }
+  } loading(m_form);
   try {
     Read(ProjectFile::Lines(ProjectFile::Decode(bytes)));
   } catch (const core::RuntimeError& error) {

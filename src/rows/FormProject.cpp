@@ -177,6 +177,9 @@ void FormProject::RemoveFunction(int index) { m_form.Functions().RemoveFunction(
 void FormProject::AddFunction() { m_form.Functions().AddFunction(false); }
 void FormProject::Replot() { m_form.Replot(true); }
 void FormProject::Refresh_mth_Height() { m_form.Refresh_mth_Height(false); }
+void FormProject::BeginLoad() { m_form.Functions().BeginBulk(); }
+void FormProject::EndLoad() { m_form.Functions().EndBulk(); }
+
 void FormProject::SetProjectChanged(bool changed) {
   m_form.State().ProjectChanged = changed;
   m_form.UpdateTitle();

@@ -42,6 +42,8 @@ public:
   void Replot() override;
   void Refresh_mth_Height() override;
   void SetProjectChanged(bool changed) override;
+  void BeginLoad() override;
+  void EndLoad() override;
 
 private:
   struct Number_ {

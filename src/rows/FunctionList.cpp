@@ -20,6 +20,8 @@
 #include <QResizeEvent>
 #include <QWheelEvent>
 
+#include <utility>
+
 namespace rows {
 
 using core::Px;
@@ -280,7 +282,16 @@ void FunctionList::ClearAllFunctions() {
   Scroll(0);
 }
 
+void FunctionList::EndBulk() {
+  if (m_bulk == 0 || --m_bulk > 0) return;
+  Refresh_mth_Height(std::exchange(m_bulkScrollToEnd, false));
+}
+
 void FunctionList::Refresh_mth_Height(bool ScrollToEnd) {
+  if (m_bulk > 0) {
+    m_bulkScrollToEnd = m_bulkScrollToEnd || ScrollToEnd;
+    return;
+  }
   for (int i = 0; i <= HighestIndex(); ++i) {
     FunctionRow& row = Row(i);
     row.Height = static_cast<float>(

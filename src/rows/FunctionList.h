@@ -42,6 +42,10 @@ public:
   void ClearAllFunctions();
   void Refresh_mth_Height(bool ScrollToEnd);
   void Refresh_ActivateLines();
+  // Many rows at once (a project being read): the layout passes wait for the end, where one pass
+  // leaves the list as the many would have.
+  void BeginBulk() { ++m_bulk; }
+  void EndBulk();
 
   int ActiveRow() const { return m_activeRow; }
   void SetActiveRow(int row);
@@ -96,6 +100,8 @@ private:
   QPushButton* m_cmdClearAllFunction;
   double m_picHeight = 0;  // twips
   double m_listHeight = 0;  // twips: grpFunctions' height
+  int m_bulk = 0;
+  bool m_bulkScrollToEnd = false;
 };
 
 }  // namespace rows

@@ -1,6 +1,7 @@
 // Project files on the real main form: every control's value through a save and a load, notes
 // with formatting, the file commands with their dialogs and questions, closing, the samples.
 #include "core/Tag.h"
+#include "core/Twips.h"
 #include "interaction/PlotButtons.h"
 #include "mathx/MthX.h"
 #include "platform/DataFolder.h"
@@ -331,5 +332,30 @@ TEST(ProjectForm, EverySampleLoadsWithoutAMessage) {
     f->LoadProject(platform::DataFile("Functions/" + sample));
     EXPECT_TRUE(f.boxes.boxes.empty()) << sample.toStdString() << ": " << f.boxes.boxes[0].Text.toStdString();
     EXPECT_FALSE(f.state.ProjectChanged) << sample.toStdString();
+  }
+}
+
+TEST(ProjectForm, ALoadedListIsLaidOutWhetherTheLoadEndsWellOrNot) {
+  QTemporaryDir dir;
+  for (bool broken : {false, true}) {
+    QString text;
+    for (int i = 0; i < 30; ++i) text += QStringLiteral("[Function](%1)=[255:y=%1x:False:False:False]\r\n").arg(i);
+    if (broken) text += "[3D][xMin]=abc\r\n";
+    const QString path = dir.filePath(broken ? "broken.qlp" : "long.qlp");
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(text.toLatin1());
+    file.close();
+    Form f;
+    f->show();
+    f->LoadProject(path);
+    rows::FunctionList& list = f->Functions();
+    ASSERT_EQ(list.HighestIndex(), 29);
+    for (int i = 1; i <= 29; ++i) {
+      EXPECT_EQ(list.Row(i).Top, list.Row(i - 1).Top + list.Row(i - 1).Height) << i;
+      EXPECT_EQ(list.Row(i).grpFunction->y(), core::Px(list.Row(i).Top)) << i;
+    }
+    EXPECT_FALSE(list.scrlFunctions()->isHidden());
+    EXPECT_EQ(list.scrlFunctions()->value(), list.scrlFunctions()->maximum()) << "scrolled to the last row added";
   }
 }
