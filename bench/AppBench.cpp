@@ -123,9 +123,10 @@ void BM_MainWindowFirstFrame(benchmark::State& state) {
   RecordingBoxes boxes;
   ScriptedColors colors;
   ScriptedFiles files;
+  RecordingDesktop desktop;
   for (auto _ : state) {
     core::SharedState shared = InitialisedState();
-    rows::frmMain form(shared, rows::MainServices{settings, boxes, colors, files});
+    rows::frmMain form(shared, rows::MainServices{settings, boxes, colors, files, desktop});
     form.show();
     const QPixmap frame = form.grab();
     benchmark::DoNotOptimize(frame.cacheKey());
@@ -140,8 +141,9 @@ void BM_SwitchTo3D(benchmark::State& state) {
   RecordingBoxes boxes;
   ScriptedColors colors;
   ScriptedFiles files;
+  RecordingDesktop desktop;
   core::SharedState shared = InitialisedState();
-  rows::frmMain form(shared, rows::MainServices{settings, boxes, colors, files});
+  rows::frmMain form(shared, rows::MainServices{settings, boxes, colors, files, desktop});
   form.show();
   form.Functions().Row(0).mthFunction->SetText(QStringLiteral("y=sin(x)"));
   form.Tabs().Surface().Editor(1)->SetText(QStringLiteral("z=sin(x)*cos(y)"));
@@ -162,8 +164,9 @@ void BM_SwitchTo2D(benchmark::State& state) {
   RecordingBoxes boxes;
   ScriptedColors colors;
   ScriptedFiles files;
+  RecordingDesktop desktop;
   core::SharedState shared = InitialisedState();
-  rows::frmMain form(shared, rows::MainServices{settings, boxes, colors, files});
+  rows::frmMain form(shared, rows::MainServices{settings, boxes, colors, files, desktop});
   form.show();
   form.Functions().Row(0).mthFunction->SetText(QStringLiteral("y=sin(x)"));
   for (auto _ : state) {
@@ -182,8 +185,9 @@ void BM_QualitySliderStep(benchmark::State& state) {
   RecordingBoxes boxes;
   ScriptedColors colors;
   ScriptedFiles files;
+  RecordingDesktop desktop;
   core::SharedState shared = InitialisedState();
-  rows::frmMain form(shared, rows::MainServices{settings, boxes, colors, files});
+  rows::frmMain form(shared, rows::MainServices{settings, boxes, colors, files, desktop});
   form.Functions().Row(0).mthFunction->SetText(QStringLiteral("y=sin(x)"));
   int command = 0;
   for (auto _ : state) form.Panes().StatusBar_SliderPaneClick(QStringLiteral("Plot Quality"), (command ^= 1), 0);
@@ -193,7 +197,7 @@ BENCHMARK(BM_QualitySliderStep)->Unit(benchmark::kMicrosecond);
 // A project of 109 mixed rows, each with a note of two lines, on a form: saved, and loaded with its
 // replot.
 struct ProjectOnForm {
-  ProjectOnForm() : shared(InitialisedState()), form(shared, rows::MainServices{settings, boxes, colors, files}) {
+  ProjectOnForm() : shared(InitialisedState()), form(shared, rows::MainServices{settings, boxes, colors, files, desktop}) {
     form.resize(1280, 800);
     const QStringList rowsOfText = MixedRows();
     for (int i = 0; i < rowsOfText.size(); ++i) {
@@ -208,6 +212,7 @@ struct ProjectOnForm {
   RecordingBoxes boxes;
   ScriptedColors colors;
   ScriptedFiles files;
+  RecordingDesktop desktop;
   core::SharedState shared;
   rows::frmMain form;
   QTemporaryDir dir;

@@ -5,6 +5,7 @@
 #include "core/Startup.h"
 #include "platform/DataFolder.h"
 #include "platform/QtColorChooser.h"
+#include "platform/QtDesktop.h"
 #include "platform/QtFileDialogs.h"
 #include "platform/QtMessageBoxes.h"
 #include "rows/frmMain.h"
@@ -41,11 +42,12 @@ int main(int argc, char** argv) {
   platform::QtMessageBoxes boxes;
   platform::QtColorChooser colors;
   platform::QtFileDialogs files;
+  platform::QtDesktop desktop;
   std::unique_ptr<rows::frmMain> form;
 
   core::StartupHooks hooks;
   hooks.ShowMainForm = [&] {
-    form = std::make_unique<rows::frmMain>(state, rows::MainServices{settings, boxes, colors, files});
+    form = std::make_unique<rows::frmMain>(state, rows::MainServices{settings, boxes, colors, files, desktop});
     form->show();
   };
   hooks.LoadProject = [&](const QString& path) {

@@ -41,6 +41,17 @@ public:
   std::optional<QColor> Choose(const QColor&, const QString&) override { return std::nullopt; }
 };
 
+// Nothing is started or opened, and the clipboard stays the user's.
+class NoDesktop : public platform::Desktop {
+public:
+  std::optional<QString> StartProgram(const QString&, Window) override { return QStringLiteral("Not started"); }
+  bool OpenAddress(const QString&) override { return false; }
+  QString ClipboardText() override { return {}; }
+  void SetClipboardText(const QString&) override {}
+  void ClearClipboard() override {}
+  std::optional<QFont> ChooseFont(const QFont&) override { return std::nullopt; }
+};
+
 class NoFiles : public platform::FileDialogs {
 public:
   std::optional<QString> SaveFileName(const QString&, const QString&, const QString&) override { return std::nullopt; }
@@ -51,12 +62,13 @@ public:
 struct FreshForm {
   explicit FreshForm(QTextStream& err) : boxes(err), state() {
     core::InitTables(state);
-    form = std::make_unique<rows::frmMain>(state, rows::MainServices{settings, boxes, colors, files});
+    form = std::make_unique<rows::frmMain>(state, rows::MainServices{settings, boxes, colors, files, desktop});
   }
   NoSettings settings;
   PrintedBoxes boxes;
   NoColors colors;
   NoFiles files;
+  NoDesktop desktop;
   core::SharedState state;
   std::unique_ptr<rows::frmMain> form;
 };

@@ -1,11 +1,15 @@
 #include "frmMain.h"
 
+#include "BackstagePages.h"
+#include "CommandDispatch.h"
 #include "FileCommands.h"
 #include "FormInsertTarget.h"
 #include "FormProject.h"
 #include "FormReplotHost.h"
 #include "FunctionList.h"
 #include "InputTabs.h"
+#include "RowCommands.h"
+#include "RowMenu.h"
 
 #include "core/NumberText.h"
 #include "core/RuntimeError.h"
@@ -20,8 +24,15 @@
 #include "plotcompiler/PlotControl.h"
 #include "project/ProjectReader.h"
 #include "project/ProjectWriter.h"
+#include "ribbon/Backstage.h"
+#include "ribbon/QuickAccessBar.h"
+#include "ribbon/RibbonBar.h"
 
 #include <QApplication>
+#include <QTextDocument>
+#include <QToolButton>
+
+#include <cmath>
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QLineEdit>
@@ -57,6 +68,7 @@ frmMain::frmMain(core::SharedState& state, const MainServices& services, QWidget
   setCentralWidget(central);
   m_ribbonHost = new QWidget(central);
   m_ribbonHost->setObjectName(QStringLiteral("RibbonHost"));
+  m_ribbon = new ribbon::RibbonBar(m_commandBars, m_services.Colors, m_ribbonHost);
   m_rszControls = new QWidget(central);
   m_rszControls->setObjectName(QStringLiteral("rszControls"));
 
@@ -76,6 +88,9 @@ frmMain::frmMain(core::SharedState& state, const MainServices& services, QWidget
   m_files = std::make_unique<FileCommands>(
       m_state, m_services.Boxes, m_services.Files, [this](const QString& path) { SaveProject(path); },
       [this](const QString& path) { LoadProject(path); });
+  m_rowMenu = std::make_unique<RowMenu>(m_commandBars, Functions());
+  m_rowCommands = std::make_unique<RowCommands>(Functions(), *m_rowMenu, m_services.Colors, m_services.Desktop);
+  m_dispatch = std::make_unique<CommandDispatch>(*this, m_services, *m_rowCommands);
   WireParts();
 
   setMinimumSize(900, 560);
@@ -102,7 +117,13 @@ void frmMain::WireParts() {
   connect(&Functions(), &FunctionList::CloseInsertRequested, this, &frmMain::CloseInsert);
   connect(m_panes, &interaction::StatusPanes::ReplotClicked, this, [this] {
     Replot(true);
-    if (m_tabs->currentIndex() == 3) m_buttons->PB_3D()->show();
+    if (m_tabs->currentIndex() == 3) {
+      m_buttons->PB_3D()->show();
+      return;
+    }
+    for (int t = 0; t < m_ribbon->TabCount(); ++t) {
+      if (m_ribbon->TabControl(t)->Id() == 1065) m_ribbon->SelectTab(t);
+    }
   });
   connect(m_plot, &plot2d::PlotWidget::Ready, this, [this] { m_tabs->tabBar()->setEnabled(true); });
   connect(m_plot, &plot2d::PlotWidget::SettingsChanged, this, [this] { MirrorPlot(true); });
@@ -119,6 +140,20 @@ void frmMain::WireParts() {
     if (m_tabs->currentIndex() == 0) Functions().cmdAddFunction()->setFocus();
   };
   m_replotHost->OnFullScreen = [this] { ShowFullScreen(); };
+  connect(&m_commandBars, &ribbon::CommandBars::Executed, this, &frmMain::CommandBars_Execute);
+  connect(m_ribbon, &ribbon::RibbonBar::CollapsedChanged, this, [this] { Form_Resize(); });
+  connect(&Functions(), &FunctionList::MoreRequested, this, [this](int i) {
+    const QToolButton* more = Functions().Row(i).btnMore;
+    m_rowMenu->btnMore_Click(i, more->mapToGlobal(QPoint(0, more->height())));
+  });
+  connect(&Functions(), &FunctionList::NoteMenuRequested, this,
+          [this](int i, QPoint at) { m_rowMenu->ShowNoteMenu(i, at); });
+  m_rowCommands->Replot = [this] { Replot(false); };
+  m_rowCommands->ProjectChanged = [this] { ProjectChanged(); };
+  m_dispatch->ControlPlace = [this](std::int32_t id) {
+    const QWidget* view = m_ribbon->WidgetFor(id);
+    return view ? view->mapToGlobal(QPoint(0, 0)) : mapToGlobal(QPoint(0, 0));
+  };
   m_resizeSettled.setSingleShot(true);
   m_resizeSettled.setInterval(200);
   connect(&m_resizeSettled, &QTimer::timeout, this, [this] {
@@ -145,11 +180,13 @@ void frmMain::Form_Load() {
   core::TryStep([&] { scene.SetQuality(setting("Quality", "90")); });
   m_commandBars.LoadDesignFile(platform::DataFile(QStringLiteral("Ribbon/Ribbon.xcb")));
   StartRibbon();
+  CreateFileMenu();
   core::TryStep([&] {
     expression::StartScriptEngine(m_sc, m_state);
     m_sc.ExecuteStatement(QStringLiteral("pi=3.14159265358979"));
     m_sc.ExecuteStatement(QStringLiteral("e=2.71828182845905"));
   });
+  ToolTipReNew();
   Refresh_mth_Height(false);
   m_state.ProjectChanged = false;
   UpdateTitle();
@@ -157,7 +194,48 @@ void frmMain::Form_Load() {
 
 void frmMain::StartRibbon() {
   m_panes->Sync();
+  ribbon::QuickAccessBar& quick = m_ribbon->QuickAccess();
+  quick.AddCommand(57600, QStringLiteral("New"), QStringLiteral("document-new"), QStringLiteral("Ctrl+N"),
+                   tr("Another window, for a new project"));
+  quick.AddCommand(57601, QStringLiteral("open"), QStringLiteral("document-open"), QStringLiteral("Ctrl+O"),
+                   tr("Open a project"));
+  quick.AddCommand(57603, QStringLiteral("Save"), QStringLiteral("document-save"), QStringLiteral("Ctrl+S"),
+                   tr("Save the project"));
   MirrorPlot(false);
+  // The sliders and their values start where the plot stands.
+  const plot2d::Plot& scene = m_plot->Scene();
+  if (auto* quality = m_commandBars.FindControl(1113)) quality->SetPos(static_cast<std::int16_t>(std::lround(scene.Quality())));
+  if (auto* thickness = m_commandBars.FindControl(1122)) thickness->SetPos(static_cast<std::int16_t>(std::lround(scene.Thickness())));
+  if (auto* text = m_commandBars.FindControl(1119)) text->SetCaption(core::FormatNumber(scene.Quality()));
+  if (auto* text = m_commandBars.FindControl(1121)) text->SetCaption(core::FormatNumber(scene.Thickness()));
+}
+
+void frmMain::CreateFileMenu() {
+  m_backstage = new ribbon::Backstage(m_commandBars, *this);
+  m_backstage->AddCommand(57600, QStringLiteral("&New"), QStringLiteral("document-new"));
+  m_backstage->AddCommand(57603, QStringLiteral("&Save"), QStringLiteral("document-save"));
+  m_backstage->AddCommand(57604, QStringLiteral("Save &As"), QStringLiteral("document-save-as"));
+  m_backstage->AddCommand(57601, QStringLiteral("&Open"), QStringLiteral("document-open"));
+  m_backstage->AddCommand(57602, QStringLiteral("&Exit"), QStringLiteral("application-exit"));
+  m_backstage->AddSeparator();
+  m_backstage->AddPage(10011, QStringLiteral("Save as &picture"), BackstagePages::SaveAsPicture(), QStringLiteral("image-x-generic"));
+  m_backstage->AddPage(10013, QStringLiteral("What is new?"), BackstagePages::WhatIsNew(), QStringLiteral("help-whatsthis"));
+  m_backstage->AddPage(10010, QStringLiteral("&Info"), BackstagePages::Info(), QStringLiteral("help-about"));
+  m_backstage->AddPage(10012, QStringLiteral("&Samples"), BackstagePages::Samples(), QStringLiteral("folder-documents"));
+  m_backstage->AddPage(10014, QStringLiteral("Support Us"), BackstagePages::SupportUs(), QStringLiteral("emblem-favorite"));
+  m_backstage->SetStartPage(10010);
+  m_ribbon->SetBackstage(m_backstage);
+}
+
+void frmMain::CommandBars_Execute(ribbon::CommandControl& control) { m_dispatch->CommandBars_Execute(control); }
+
+void frmMain::ToolTipReNew() {
+  for (QWidget* widget : findChildren<QWidget*>()) {
+    const QString tip = widget->toolTip();
+    if (tip.isEmpty() || Qt::mightBeRichText(tip) || widget->property("controlToolTip").isValid()) continue;
+    widget->setProperty("controlToolTip", tip);
+    widget->setToolTip(QStringLiteral("<p style='white-space:pre'><b>") + tip.toHtmlEscaped() + QStringLiteral("</b></p>"));
+  }
 }
 
 void frmMain::MirrorPlot(bool afterEvent) {
@@ -375,8 +453,9 @@ void frmMain::Form_Resize() {
   QWidget* central = centralWidget();
   const int W = central->width();
   const int H = central->height();
-  const int ribbonHeight = m_ribbonHost->sizeHint().isValid() ? m_ribbonHost->sizeHint().height() : 0;
+  const int ribbonHeight = m_ribbon->sizeHint().height();
   m_ribbonHost->setGeometry(0, 0, W, ribbonHeight);
+  m_ribbon->setGeometry(0, 0, W, ribbonHeight);
   m_rszControls->setGeometry(0, ribbonHeight, W, H - ribbonHeight);
   const double controlsHeight = Tw(m_rszControls->height());
   m_tabs->setGeometry(Px(kTabLeft), Px(kTabLeft), Px(kPlot3DLeft - 2 * kTabLeft),

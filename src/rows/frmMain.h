@@ -29,10 +29,17 @@ namespace interaction {
 class PlotButtons;
 class StatusPanes;
 }
+namespace ribbon {
+class Backstage;
+class RibbonBar;
+}
 
 namespace rows {
 
+class CommandDispatch;
 class FileCommands;
+class RowCommands;
+class RowMenu;
 class FormProject;
 class FunctionList;
 class FormInsertTarget;
@@ -75,6 +82,10 @@ public:
   // The ribbon's checks, colours and zoom label follow the plot: all at the start, and again on
   // the plot's settings-changed event.
   void MirrorPlot(bool afterEvent);
+  // The ribbon's and the menus' commands, by id.
+  void CommandBars_Execute(ribbon::CommandControl& control);
+  // The window's tool tips as rich tool tips: a title and its text.
+  void ToolTipReNew();
   // The display toggles that act on the 2D plot alone, enabled or not.
   void Change3D(bool enable);
   // The window's title: the program's name and the project's file, "*" while it has changes.
@@ -89,6 +100,10 @@ public:
   interaction::PlotButtons& Buttons() { return *m_buttons; }
   interaction::StatusPanes& Panes() { return *m_panes; }
   ribbon::CommandBars& CommandBars() { return m_commandBars; }
+  ribbon::RibbonBar& Ribbon() { return *m_ribbon; }
+  ribbon::Backstage& BackstageView() { return *m_backstage; }
+  RowMenu& FunctionMenu() { return *m_rowMenu; }
+  CommandDispatch& Dispatch() { return *m_dispatch; }
   QLineEdit* mnu_Integral_min() const;
   QLineEdit* mnu_Integral_max() const;
   QString StatusText(int pane) const;
@@ -112,6 +127,7 @@ private:
   void tabInput_Click(int index);
   void WireParts();
   void StartRibbon();
+  void CreateFileMenu();
   void ProjectChanged();
   void ApplyZoom(const QString& text);
 
@@ -121,6 +137,8 @@ private:
   expression::ScriptEvaluation m_evaluation;
   ribbon::CommandBars m_commandBars;
   QWidget* m_ribbonHost;
+  ribbon::RibbonBar* m_ribbon = nullptr;
+  ribbon::Backstage* m_backstage = nullptr;
   QWidget* m_rszControls;
   InputTabs* m_tabs;
   plot2d::PlotWidget* m_plot;
@@ -132,6 +150,9 @@ private:
   std::unique_ptr<FormInsertTarget> m_insertTarget;
   std::unique_ptr<FormProject> m_project;
   std::unique_ptr<FileCommands> m_files;
+  std::unique_ptr<RowMenu> m_rowMenu;
+  std::unique_ptr<RowCommands> m_rowCommands;
+  std::unique_ptr<CommandDispatch> m_dispatch;
   QPointer<dialogs::frmInsert> m_insert;
   QPointer<dialogs::frmRange> m_range;
   QPointer<output::frmFullScreen> m_fullScreen;

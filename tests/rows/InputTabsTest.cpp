@@ -27,7 +27,7 @@ namespace {
 
 struct TabsFixture {
   TabsFixture() : state(InitialisedState()) {
-    form = std::make_unique<rows::frmMain>(state, rows::MainServices{settings, boxes, colors, files});
+    form = std::make_unique<rows::frmMain>(state, rows::MainServices{settings, boxes, colors, files, desktop});
     form->show();
     QApplication::setActiveWindow(form.get());
   }
@@ -40,6 +40,7 @@ struct TabsFixture {
   RecordingBoxes boxes;
   ScriptedColors colors;
   ScriptedFiles files;
+  RecordingDesktop desktop;
   std::unique_ptr<rows::frmMain> form;
 };
 

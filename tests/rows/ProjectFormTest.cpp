@@ -29,7 +29,7 @@ namespace {
 
 struct Form {
   Form() : state(InitialisedState()) {
-    form = std::make_unique<rows::frmMain>(state, rows::MainServices{settings, boxes, colors, files});
+    form = std::make_unique<rows::frmMain>(state, rows::MainServices{settings, boxes, colors, files, desktop});
   }
   rows::frmMain* operator->() { return form.get(); }
   rows::InputTabs& Tabs() { return form->Tabs(); }
@@ -39,6 +39,7 @@ struct Form {
   RecordingBoxes boxes;
   ScriptedColors colors;
   ScriptedFiles files;
+  RecordingDesktop desktop;
   std::unique_ptr<rows::frmMain> form;
 };
 

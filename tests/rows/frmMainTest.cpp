@@ -28,7 +28,7 @@ struct FormFixture {
   FormFixture() : state(InitialisedState()) {}
   rows::frmMain& Form() {
     if (!form) {
-      form = std::make_unique<rows::frmMain>(state, rows::MainServices{settings, boxes, colors, files});
+      form = std::make_unique<rows::frmMain>(state, rows::MainServices{settings, boxes, colors, files, desktop});
       form->show();
     }
     return *form;
@@ -39,6 +39,7 @@ struct FormFixture {
   RecordingBoxes boxes;
   ScriptedColors colors;
   ScriptedFiles files;
+  RecordingDesktop desktop;
   std::unique_ptr<rows::frmMain> form;
 };
 

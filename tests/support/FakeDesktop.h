@@ -2,6 +2,7 @@
 
 #include "core/SettingsStore.h"
 #include "platform/ColorChooser.h"
+#include "platform/Desktop.h"
 #include "platform/FileDialogs.h"
 #include "platform/MessageBoxes.h"
 
@@ -95,4 +96,33 @@ private:
     names.pop_front();
     return name;
   }
+};
+
+// The rest of the desktop, recorded: programs started, addresses opened, the clipboard in memory,
+// the font dialog answered by the test.
+class RecordingDesktop : public platform::Desktop {
+public:
+  std::optional<QString> StartProgram(const QString& path, Window window) override {
+    started.push_back({path, window});
+    return startError;
+  }
+  bool OpenAddress(const QString& address) override {
+    opened.push_back(address);
+    return true;
+  }
+  QString ClipboardText() override { return clipboard; }
+  void SetClipboardText(const QString& text) override { clipboard = text; }
+  void ClearClipboard() override { clipboard.clear(), ++clears; }
+  std::optional<QFont> ChooseFont(const QFont& current) override {
+    fontAsked.push_back(current);
+    return font;
+  }
+
+  std::vector<std::pair<QString, Window>> started;
+  std::optional<QString> startError;
+  std::vector<QString> opened;
+  QString clipboard;
+  int clears = 0;
+  std::optional<QFont> font;
+  std::vector<QFont> fontAsked;
 };

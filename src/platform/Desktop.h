@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QFont>
+#include <QString>
+
+#include <optional>
+
+namespace platform {
+
+// The rest of the desktop that the commands reach: other programs, documents and pages opened
+// with their own program, the clipboard, and the font dialog.
+class Desktop {
+public:
+  // How a started program's window shows: normal, minimised, maximised.
+  enum class Window { Normal, Minimised, Maximised };
+
+  virtual ~Desktop() = default;
+  // Starts a program without waiting for it; the system's reason when it cannot be started.
+  virtual std::optional<QString> StartProgram(const QString& path, Window window) = 0;
+  // Opens a file or an address with the desktop's program for it.
+  virtual bool OpenAddress(const QString& address) = 0;
+
+  virtual QString ClipboardText() = 0;
+  virtual void SetClipboardText(const QString& text) = 0;
+  virtual void ClearClipboard() = 0;
+
+  virtual std::optional<QFont> ChooseFont(const QFont& current) = 0;
+};
+
+}  // namespace platform

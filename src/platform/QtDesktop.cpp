@@ -1,0 +1,43 @@
+#include "QtDesktop.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QFontDialog>
+#include <QProcess>
+#include <QUrl>
+
+namespace platform {
+
+std::optional<QString> QtDesktop::StartProgram(const QString& path, Window window) {
+  // A window state is the started program's own matter on this desktop; the program is started
+  // as it is, with no arguments.
+  (void)window;
+  if (!QFileInfo(path).isExecutable()) {
+    return QFileInfo::exists(path) ? QStringLiteral("Permission denied") : QStringLiteral("File not found");
+  }
+  QProcess process;
+  process.setProgram(path);
+  qint64 pid = 0;
+  if (!process.startDetached(&pid)) return process.errorString();
+  return std::nullopt;
+}
+
+bool QtDesktop::OpenAddress(const QString& address) {
+  const QUrl url = QFileInfo::exists(address) ? QUrl::fromLocalFile(address) : QUrl(address);
+  return QDesktopServices::openUrl(url);
+}
+
+QString QtDesktop::ClipboardText() { return QApplication::clipboard()->text(); }
+void QtDesktop::SetClipboardText(const QString& text) { QApplication::clipboard()->setText(text); }
+void QtDesktop::ClearClipboard() { QApplication::clipboard()->clear(); }
+
+std::optional<QFont> QtDesktop::ChooseFont(const QFont& current) {
+  bool ok = false;
+  const QFont font = QFontDialog::getFont(&ok, current, QApplication::activeWindow());
+  if (!ok) return std::nullopt;
+  return font;
+}
+
+}  // namespace platform
