@@ -1,0 +1,85 @@
+#pragma once
+
+#include "RowTarget.h"
+
+#include "core/SharedState.h"
+#include "expression/ScriptEvaluation.h"
+#include "platform/MessageBoxes.h"
+
+#include <QDialog>
+
+#include <functional>
+
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+namespace mathx {
+class MthX;
+}
+
+namespace dialogs {
+
+// Turns the function of a row into a table of points: the user gives a start, an end and a step,
+// and the points editor opens with the computed values. This form computes no point itself: it
+// hands the points editor a description "row;expression;name;from;to;step" as its tag, and the
+// editor computes them when it opens. Table opens the editor empty, for typing by hand. The form
+// keeps the number of steps up to date under the fields, red when it is no count of 1 to 50.
+class frmPointEvaluator : public QDialog {
+  Q_OBJECT
+
+public:
+  // Opens the points editor with the tag given, at the place given (this form's own corner).
+  using OpenTable = std::function<void(const QString& tag, const QPoint& at)>;
+
+  frmPointEvaluator(int row, RowTarget& target, core::SharedState& state, expression::ScriptEvaluation& evaluation,
+                    platform::MessageBoxes& boxes, OpenTable openTable, QWidget* parent = nullptr);
+  ~frmPointEvaluator() override;
+
+  int Row() const;
+  mathx::MthX* mthEquation() const { return m_mthEquation; }
+  QLineEdit* txtFrom() const { return m_txtFrom; }
+  QLineEdit* txtTo() const { return m_txtTo; }
+  QLineEdit* txtStep() const { return m_txtStep; }
+  QLabel* lblPointNmb() const { return m_lblPointNmb; }
+  QPushButton* btnEvaluate() const { return m_btnEvaluate; }
+  QPushButton* btnNew() const { return m_btnNew; }
+  QPushButton* btnCancel() const { return m_btnCancel; }
+  // The colour of the count as the forms keep colours: 255 red (no valid count), 0 black.
+  int PointCountColor() const { return m_countColor; }
+
+  void Form_Activate();
+  // The one handler of the three fields.
+  void PointCount_Change();
+  void btnEvaluate_Click();
+  void btnNew_Click();
+  void btnCancel_Click();
+
+protected:
+  bool event(QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+
+private:
+  void SetCountColor(int color);
+  void Unload();
+
+  RowTarget& m_target;
+  core::SharedState& m_state;
+  expression::ScriptEvaluation& m_evaluation;
+  platform::MessageBoxes& m_boxes;
+  OpenTable m_openTable;
+  mathx::MthX* m_mthEquation;
+  QLineEdit* m_txtFrom;
+  QLineEdit* m_txtTo;
+  QLineEdit* m_txtStep;
+  QLabel* m_lblPointNmb;
+  QPushButton* m_btnEvaluate;
+  QPushButton* m_btnNew;
+  QPushButton* m_btnCancel;
+  int m_countColor = 0;
+  bool m_filled = false;
+  bool m_unloading = false;
+  bool m_answering = false;  // our own message box is up: losing the activation to it is no leave
+};
+
+}  // namespace dialogs
