@@ -222,6 +222,7 @@ std::vector<RowContents> FunctionList::CopyRows() const {
 }
 
 void FunctionList::RemoveFunction(int Index, bool Replot) {
+  emit RowsRearranged();
   if (HighestIndex() == 0) {
     // The only row is reset, whatever the index; the plot keeps the curve until the next replot.
     FunctionRow& row = Row(0);
@@ -265,6 +266,7 @@ void FunctionList::MoveFunctionTo(int Index, int Target) {
   SetContents(Target, saved[static_cast<std::size_t>(Index)]);
   Refresh_mth_Height(false);
   emit CloseInsertRequested();
+  emit RowsRearranged();
   emit ReplotRequested(false);
 }
 

@@ -69,6 +69,8 @@ signals:
   void InsertRequested(int row);
   // The insert dialog must close (rows were exchanged under it).
   void CloseInsertRequested();
+  // Rows were exchanged or removed: an index held elsewhere may now name another row.
+  void RowsRearranged();
   // A click on btnMore(row), and a right-button release on a note.
   void MoreRequested(int row);
   void NoteMenuRequested(int row, QPoint globalPosition);

@@ -48,8 +48,8 @@ void RowMenu::Prepare(int i) {
   const auto visible = [&](std::initializer_list<std::int32_t> ids, bool shown) {
     each(ids, [shown](ribbon::CommandControl& item) { item.SetVisible(shown); });
   };
-  const auto caption = [this](std::int32_t id, const char* text) {
-    if (ribbon::CommandControl* item = Item(id)) item->SetCaption(QString::fromLatin1(text));
+  const auto caption = [this](std::int32_t id, const char* words) {
+    if (ribbon::CommandControl* item = Item(id)) item->SetCaption(QString::fromLatin1(words));
   };
 
   caption(1174, isPoint ? "Change Points" : !text.isEmpty() ? "Evaluate Points" : "Add Points");

@@ -9,6 +9,7 @@
 #include "FunctionList.h"
 #include "InputTabs.h"
 #include "RowCommands.h"
+#include "RowDialogs.h"
 #include "RowMenu.h"
 
 #include "core/NumberText.h"
@@ -91,6 +92,7 @@ frmMain::frmMain(core::SharedState& state, const MainServices& services, QWidget
   m_rowMenu = std::make_unique<RowMenu>(m_commandBars, Functions());
   m_rowCommands = std::make_unique<RowCommands>(Functions(), *m_rowMenu, m_services.Colors, m_services.Desktop);
   m_dispatch = std::make_unique<CommandDispatch>(*this, m_services, *m_rowCommands);
+  m_rowDialogs = std::make_unique<RowDialogs>(Functions(), m_state, m_evaluation, m_services.Boxes, this);
   WireParts();
 
   setMinimumSize(900, 560);
@@ -99,6 +101,7 @@ frmMain::frmMain(core::SharedState& state, const MainServices& services, QWidget
 }
 
 frmMain::~frmMain() {
+  m_rowDialogs->CloseAll();
   for (QWidget* popup : {static_cast<QWidget*>(m_insert.data()), static_cast<QWidget*>(m_range.data()),
                          static_cast<QWidget*>(m_fullScreen.data())}) {
     delete popup;
@@ -115,6 +118,7 @@ void frmMain::WireParts() {
   connect(m_tabs, &InputTabs::ZoomApplied, this, &frmMain::ApplyZoom);
   connect(m_tabs, &QTabWidget::currentChanged, this, &frmMain::tabInput_Click);
   connect(&Functions(), &FunctionList::CloseInsertRequested, this, &frmMain::CloseInsert);
+  connect(&Functions(), &FunctionList::RowsRearranged, this, [this] { m_rowDialogs->ClosePointDialogs(); });
   connect(m_panes, &interaction::StatusPanes::ReplotClicked, this, [this] {
     Replot(true);
     if (m_tabs->currentIndex() == 3) {
@@ -150,6 +154,9 @@ void frmMain::WireParts() {
           [this](int i, QPoint at) { m_rowMenu->ShowNoteMenu(i, at); });
   m_rowCommands->Replot = [this] { Replot(false); };
   m_rowCommands->ProjectChanged = [this] { ProjectChanged(); };
+  m_rowCommands->MoveTo = [this](int i) { m_rowDialogs->ShowMoveTo(i); };
+  m_rowCommands->PointsOf = [this](int i) { m_rowDialogs->ShowPoints(i); };
+  m_rowDialogs->ProjectChanged = [this] { ProjectChanged(); };
   m_dispatch->ControlPlace = [this](std::int32_t id) {
     const QWidget* view = m_ribbon->WidgetFor(id);
     return view ? view->mapToGlobal(QPoint(0, 0)) : mapToGlobal(QPoint(0, 0));

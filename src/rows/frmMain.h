@@ -39,6 +39,7 @@ namespace rows {
 class CommandDispatch;
 class FileCommands;
 class RowCommands;
+class RowDialogs;
 class RowMenu;
 class FormProject;
 class FunctionList;
@@ -103,6 +104,7 @@ public:
   ribbon::RibbonBar& Ribbon() { return *m_ribbon; }
   ribbon::Backstage& BackstageView() { return *m_backstage; }
   RowMenu& FunctionMenu() { return *m_rowMenu; }
+  RowDialogs& RowForms() { return *m_rowDialogs; }
   CommandDispatch& Dispatch() { return *m_dispatch; }
   QLineEdit* mnu_Integral_min() const;
   QLineEdit* mnu_Integral_max() const;
@@ -152,6 +154,7 @@ private:
   std::unique_ptr<FileCommands> m_files;
   std::unique_ptr<RowMenu> m_rowMenu;
   std::unique_ptr<RowCommands> m_rowCommands;
+  std::unique_ptr<RowDialogs> m_rowDialogs;
   std::unique_ptr<CommandDispatch> m_dispatch;
   QPointer<dialogs::frmInsert> m_insert;
   QPointer<dialogs::frmRange> m_range;

@@ -27,7 +27,7 @@ namespace {
 struct Window {
   Window() : state(InitialisedState()) {
     form = std::make_unique<rows::frmMain>(state, rows::MainServices{settings, boxes, colors, files, desktop});
-    form->FunctionMenu().Popup = [this](QMenu& menu, const QPoint&) { shownMenu = menu.actions().size(); };
+    form->FunctionMenu().Popup = [this](QMenu& menu, const QPoint&) { shownMenu = static_cast<int>(menu.actions().size()); };
   }
   rows::frmMain* operator->() { return form.get(); }
   rows::FunctionList& Rows() { return form->Functions(); }

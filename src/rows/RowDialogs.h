@@ -1,0 +1,74 @@
+#pragma once
+
+#include "dialogs/RowTarget.h"
+#include "dialogs/frmAddPoint.h"
+#include "dialogs/frmMoveTo.h"
+#include "dialogs/frmPointEvaluator.h"
+
+#include <QPointer>
+
+#include <functional>
+
+namespace core {
+struct SharedState;
+}
+namespace expression {
+class ScriptEvaluation;
+}
+namespace platform {
+class MessageBoxes;
+}
+
+namespace rows {
+
+class FunctionList;
+
+// The row dialogs that the row's context menu opens (the move dialog, the points editor, the
+// point evaluator), placed beside the row they act on, and the function list as they read and
+// change it. One of each is open at a time.
+class RowDialogs : public dialogs::RowTarget {
+public:
+  RowDialogs(FunctionList& list, core::SharedState& state, expression::ScriptEvaluation& evaluation,
+             platform::MessageBoxes& boxes, QWidget* parent);
+  ~RowDialogs() override;
+
+  // The move dialog for a row.
+  void ShowMoveTo(int row);
+  // A point list opens in the points editor; any other equation in the evaluator first; an
+  // empty row gets an empty editor.
+  void ShowPoints(int row);
+  // The points editor for a tag: a row's index, or "row;expression;name;from;to;step".
+  void ShowPointTable(const QString& tag, QPoint at);
+  // Rows were exchanged or removed under the points dialogs: what they would write is stale.
+  void ClosePointDialogs();
+  void CloseAll();
+
+  dialogs::frmMoveTo* MoveTo() const { return m_moveTo; }
+  dialogs::frmAddPoint* PointTable() const { return m_table; }
+  dialogs::frmPointEvaluator* Evaluator() const { return m_evaluator; }
+
+  int HighestIndex() const override;
+  QString RowText(int index) const override;
+  void SetRowText(int index, const QString& text) override;
+  void MoveFunctionTo(int index, int target) override;
+  void MarkProjectChanged() override;
+  void FocusAfter(int index) override;
+
+  // The project's changed mark, set by the main form.
+  std::function<void()> ProjectChanged;
+
+private:
+  QPoint PlaceFor(int row) const;
+  static void Present(QWidget* dialog, QPoint at);
+
+  FunctionList& m_list;
+  core::SharedState& m_state;
+  expression::ScriptEvaluation& m_evaluation;
+  platform::MessageBoxes& m_boxes;
+  QWidget* m_parent;
+  QPointer<dialogs::frmMoveTo> m_moveTo;
+  QPointer<dialogs::frmAddPoint> m_table;
+  QPointer<dialogs::frmPointEvaluator> m_evaluator;
+};
+
+}  // namespace rows
