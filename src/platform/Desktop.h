@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFont>
+#include <QImage>
 #include <QString>
 
 #include <optional>
@@ -23,6 +24,8 @@ public:
   virtual QString ClipboardText() = 0;
   virtual void SetClipboardText(const QString& text) = 0;
   virtual void ClearClipboard() = 0;
+  // Puts a picture on the clipboard; a desktop without a clipboard for pictures ignores it.
+  virtual void SetClipboardImage(const QImage& image) { (void)image; }
 
   virtual std::optional<QFont> ChooseFont(const QFont& current) = 0;
 };

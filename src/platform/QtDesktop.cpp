@@ -32,6 +32,7 @@ bool QtDesktop::OpenAddress(const QString& address) {
 QString QtDesktop::ClipboardText() { return QApplication::clipboard()->text(); }
 void QtDesktop::SetClipboardText(const QString& text) { QApplication::clipboard()->setText(text); }
 void QtDesktop::ClearClipboard() { QApplication::clipboard()->clear(); }
+void QtDesktop::SetClipboardImage(const QImage& image) { QApplication::clipboard()->setImage(image); }
 
 std::optional<QFont> QtDesktop::ChooseFont(const QFont& current) {
   bool ok = false;

@@ -12,6 +12,7 @@ public:
   QString ClipboardText() override;
   void SetClipboardText(const QString& text) override;
   void ClearClipboard() override;
+  void SetClipboardImage(const QImage& image) override;
   std::optional<QFont> ChooseFont(const QFont& current) override;
 };
 

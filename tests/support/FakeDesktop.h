@@ -7,6 +7,7 @@
 #include "platform/MessageBoxes.h"
 
 #include <QColor>
+#include <QImage>
 #include <QMap>
 #include <QString>
 
@@ -113,6 +114,7 @@ public:
   QString ClipboardText() override { return clipboard; }
   void SetClipboardText(const QString& text) override { clipboard = text; }
   void ClearClipboard() override { clipboard.clear(), ++clears; }
+  void SetClipboardImage(const QImage& image) override { clipboardImage = image; }
   std::optional<QFont> ChooseFont(const QFont& current) override {
     fontAsked.push_back(current);
     return font;
@@ -122,6 +124,7 @@ public:
   std::optional<QString> startError;
   std::vector<QString> opened;
   QString clipboard;
+  QImage clipboardImage;
   int clears = 0;
   std::optional<QFont> font;
   std::vector<QFont> fontAsked;

@@ -1,0 +1,815 @@
+// The picture export page: sizes and their units, the opening of the page, the options and the
+// thickness of the preview, and the saving buttons with their boxes, answered by the fakes.
+#include "output/PictureSize.h"
+#include "output/pageSaveAsPicture.h"
+
+#include "FakeDesktop.h"
+#include "core/NumberText.h"
+#include "core/Twips.h"
+#include "platform/DataFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QImageReader>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QRegularExpression>
+#include <QSvgRenderer>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QVBoxLayout>
+
+#include <array>
+#include <memory>
+
+using output::pageSaveAsPicture;
+using Box = platform::MessageBoxes;
+
+namespace {
+
+// Boxes that also let the test look at the page while a box is up.
+class WatchingBoxes : public RecordingBoxes {
+public:
+  Answer Show(const QString& text, Buttons buttons, Icon icon, const QString& title) override {
+    if (onShow) onShow();
+    return RecordingBoxes::Show(text, buttons, icon, title);
+  }
+  std::function<void()> onShow;
+};
+
+// The page over a main plot of 600 by 450 pixels, with a replot driver that draws one curve in
+// red (and a surface on the 3D tab) and counts its calls.
+struct Page {
+  Page() {
+    main.resize(600, 450);
+    page = std::make_unique<pageSaveAsPicture>(
+        main, [this] { return tab; },
+        [this](plotcompiler::PlotControl& plot, plotcompiler::Plot3DControl* plot3d) {
+          ++replots;
+          seen3D = plot3d;
+          qualityAtReplot = page->Plot().Scene().Quality();
+          rangeAtReplot = {page->Plot().Scene().XMin(), page->Plot().Scene().XMax(), page->Plot().Scene().YMin(),
+                           page->Plot().Scene().YMax()};
+          plot.ClearAll(true, true, true, true, true);
+          std::int32_t kind = 0;
+          plot.AddFunction(1, QStringLiteral("y=sin(x)"), 255, false, kind, false, true, false, 0);
+          plot.Redraw();
+          if (tab == 3 && plot3d) {
+            plot3d->SetEquation(QStringLiteral("sin(x)*cos(y)"));
+            plot3d->SetFunctionKind(1);
+            plot3d->SetGridCount(1);
+            plot3d->Redraw();
+          }
+        },
+        boxes, files, desktop);
+  }
+
+  plot2d::Plot& Preview() { return page->Plot().Scene(); }
+  QSize PreviewSize() const { return QSize(static_cast<int>(page->PlotWidth()) / 15, static_cast<int>(page->PlotHeight()) / 15); }
+  void Type(QLineEdit* field, const QString& text, const QString& unit = {}) {
+    QComboBox* units = field == page->txtWidth() ? page->cmbScaleWidth() : page->cmbScaleHeight();
+    if (!unit.isEmpty()) units->setCurrentText(unit);
+    field->setText(text);
+  }
+
+  plot2d::PlotWidget main;
+  WatchingBoxes boxes;
+  ScriptedFiles files;
+  RecordingDesktop desktop;
+  int tab = 0;
+  int replots = 0;
+  plotcompiler::Plot3DControl* seen3D = nullptr;
+  double qualityAtReplot = 0;
+  std::array<double, 4> rangeAtReplot{};
+  std::unique_ptr<pageSaveAsPicture> page;
+};
+
+int PixelsOfCm(double cm) { return core::Px(cm * output::kTwipsPerCm); }
+
+// The current folder for one test.
+class InFolder {
+public:
+  explicit InFolder(const QString& path) : m_before(QDir::currentPath()) { QDir::setCurrent(path); }
+  ~InFolder() { QDir::setCurrent(m_before); }
+
+private:
+  QString m_before;
+};
+
+// Types text into a field key by key, as a keyboard of any language would.
+void TypeKeys(QLineEdit* field, const QString& text) {
+  for (const uint code : text.toUcs4()) {
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, QString::fromUcs4(reinterpret_cast<const char32_t*>(&code), 1));
+    QApplication::sendEvent(field, &press);
+  }
+}
+
+QByteArray Head(const QString& path, int bytes) {
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) return {};
+  return file.read(bytes);
+}
+
+}  // namespace
+
+// ---- ChangeScale ---------------------------------------------------------------------------
+
+struct ScaleCase {
+  const char* Value;
+  const char* Target;
+  double Expected;
+};
+
+class ChangeScaleTable : public ::testing::TestWithParam<ScaleCase> {};
+
+TEST_P(ChangeScaleTable, GivesTheNumberInTheTargetUnit) {
+  const ScaleCase& c = GetParam();
+  EXPECT_DOUBLE_EQ(pageSaveAsPicture::ChangeScale(QString::fromUtf8(c.Value), QString::fromUtf8(c.Target)), c.Expected)
+      << c.Value << " to " << c.Target;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Units, ChangeScaleTable,
+    ::testing::Values(ScaleCase{"10cm", "twip", 5669.28567000558}, ScaleCase{"1440twip", "inch", 1},
+                      ScaleCase{"150twip", "pixle", 10}, ScaleCase{"2inch", "twip", 2880},
+                      ScaleCase{"10pixle", "twip", 150}, ScaleCase{"566.928567000558twip", "cm", 1},
+                      // "cm" is looked for first and every one of it goes.
+                      ScaleCase{"5cmcm", "twip", 5 * 566.928567000558}, ScaleCase{"3cmpixle", "twip", 3 * 566.928567000558},
+                      ScaleCase{"4pixleinch", "twip", 60},
+                      // The search is case-sensitive, and a value without a unit is nothing.
+                      ScaleCase{"10CM", "twip", 0}, ScaleCase{"10", "twip", 0}, ScaleCase{"10twip", "twip", 0},
+                      // The number is the numeric prefix: "" and words give 0, blanks go first.
+                      ScaleCase{"", "cm", 0}, ScaleCase{"cm", "twip", 0}, ScaleCase{"  30twip", "pixle", 2},
+                      ScaleCase{"-15twip", "pixle", -1}, ScaleCase{"1.5e3twip", "pixle", 100},
+                      ScaleCase{"2880twip", "inch", 2}, ScaleCase{"2880", "inch", 2},
+                      // Unknown targets give 0.
+                      ScaleCase{"10cm", "mm", 0}, ScaleCase{"10cm", "", 0}, ScaleCase{"10cm", "Twip", 0}));
+
+TEST(pageSaveAsPicture, TenCentimetresAreExactlyTheseTwips) {
+  EXPECT_EQ(core::FormatNumber(pageSaveAsPicture::ChangeScale("10cm", "twip")), "5669.28567000558");
+  EXPECT_EQ(pageSaveAsPicture::ChangeScale("1440twip", "inch"), 1);
+  EXPECT_EQ(pageSaveAsPicture::ChangeScale("150twip", "pixle"), 10);
+}
+
+// ---- The page as it is made -----------------------------------------------------------------
+
+TEST(pageSaveAsPicture, TheWidgetsCarryTheirCaptions) {
+  Page p;
+  pageSaveAsPicture& page = *p.page;
+  EXPECT_EQ(page.chkShowAxis()->text(), "Show &Axis");
+  EXPECT_EQ(page.chkShowGrid()->text(), "Show &Gridlines");
+  EXPECT_EQ(page.chkShowNumbers()->text(), "Show &Numbers");
+  EXPECT_EQ(page.chkOuterFrame()->text(), "Show &Outerframe");
+  EXPECT_EQ(page.chkTransparent()->text(), "&Transparent Background");
+  EXPECT_EQ(page.btnShowTips()->text(), "Show Ti&ps");
+  EXPECT_EQ(page.btnOK()->text(), "OK");
+  EXPECT_EQ(page.btnReplot()->text(), "Replot");
+  ASSERT_NE(page.findChild<QLabel*>("lblThick"), nullptr);
+  EXPECT_EQ(page.findChild<QLabel*>("lblThick")->text(), "Line Thickness:");
+  const std::pair<output::CaptionButton*, std::pair<const char*, const char*>> buttons[] = {
+      {page.btnPNG(), {"Save as PNG", "High quality format with transparency"}},
+      {page.btnJpg(), {"Save as Jpg", "To publish it on internet"}},
+      {page.btnBMP(), {"Save as BMP", "Large size bitmap format"}},
+      {page.btnSVG(), {"Save as SVG", "Vector drawing, sharp at any size"}},
+      {page.btnPDF(), {"Save as PDF", "A page of the picture's size, to print"}},
+      {page.btnCopy(), {"Copy picture", "To paste it into another program"}},
+  };
+  for (const auto& [button, texts] : buttons) {
+    EXPECT_EQ(button->Caption(), texts.first);
+    EXPECT_EQ(button->Description(), texts.second);
+    EXPECT_NE(button->DescriptionLabel()->palette().color(QPalette::WindowText),
+              button->CaptionLabel()->palette().color(QPalette::WindowText));
+  }
+  for (const char* name : {"Plot", "Plot3D", "grpPreview", "grpOptions", "txtWidth", "txtHeight", "cmbScaleWidth",
+                           "cmbScaleHeight", "chkShowAxis", "chkShowGrid", "chkShowNumbers", "chkOuterFrame",
+                           "chkTransparent", "btnShowTips", "txtThick", "updownTick", "btnOK", "btnReplot", "btnPNG",
+                           "btnJpg", "btnBMP", "PB", "backSep1"}) {
+    EXPECT_NE(page.findChild<QWidget*>(name), nullptr) << name;
+  }
+}
+
+TEST(pageSaveAsPicture, TheUnitsAreCmPixleInchAndTheFieldsOpenInPixels) {
+  Page p;
+  for (QComboBox* units : {p.page->cmbScaleWidth(), p.page->cmbScaleHeight()}) {
+    ASSERT_EQ(units->count(), 3);
+    EXPECT_EQ(units->itemText(0), "cm");
+    EXPECT_EQ(units->itemText(1), "pixle");
+    EXPECT_EQ(units->itemText(2), "inch");
+    EXPECT_EQ(units->currentText(), "pixle");
+  }
+  EXPECT_EQ(p.page->txtWidth()->text(), "600");
+  EXPECT_EQ(p.page->txtHeight()->text(), "450");
+  EXPECT_EQ(p.page->PlotWidth(), 9000);
+  EXPECT_EQ(p.page->PlotHeight(), 6750);
+}
+
+TEST(pageSaveAsPicture, TheLoadCopiesTheDisplaySettingsToThePreview) {
+  plot2d::PlotWidget main;
+  main.Scene().SetShowAxis(false), main.Scene().SetShowGrid(false), main.Scene().SetShowNumbers(true);
+  main.Scene().SetShowOuterFrame(true), main.Scene().SetShowTips(false), main.Scene().SetTransparentBackground(true);
+  main.Scene().SetThickness(4);
+  RecordingBoxes boxes;
+  ScriptedFiles files;
+  RecordingDesktop desktop;
+  pageSaveAsPicture page(main, nullptr, nullptr, boxes, files, desktop);
+  const plot2d::Plot& preview = page.Plot().Scene();
+  EXPECT_FALSE(preview.ShowAxis());
+  EXPECT_FALSE(preview.ShowGrid());
+  EXPECT_TRUE(preview.ShowNumbers());
+  EXPECT_TRUE(preview.ShowOuterFrame());  // from its own property
+  EXPECT_FALSE(preview.ShowTips());
+  EXPECT_TRUE(preview.TransparentBackground());
+  EXPECT_EQ(preview.Thickness(), 4);
+  EXPECT_EQ(page.txtThick()->text(), "4");
+  EXPECT_FALSE(page.chkShowAxis()->isChecked());
+  EXPECT_FALSE(page.chkShowGrid()->isChecked());
+  EXPECT_TRUE(page.chkShowNumbers()->isChecked());
+  EXPECT_FALSE(page.chkOuterFrame()->isChecked());  // the axis' setting
+  EXPECT_FALSE(page.btnShowTips()->isChecked());
+  EXPECT_TRUE(page.chkTransparent()->isChecked());
+  EXPECT_TRUE(boxes.boxes.empty());
+}
+
+TEST(pageSaveAsPicture, TheOuterFrameBoxFollowsTheAxisWhenThePageOpens) {
+  Page p;
+  p.main.Scene().SetShowAxis(true);
+  p.main.Scene().SetShowOuterFrame(false);
+  p.page->StartUp();
+  EXPECT_TRUE(p.page->chkOuterFrame()->isChecked());
+  EXPECT_TRUE(p.page->chkShowAxis()->isChecked());
+  p.main.Scene().SetShowAxis(false);
+  p.main.Scene().SetShowOuterFrame(true);
+  p.page->StartUp();
+  EXPECT_FALSE(p.page->chkOuterFrame()->isChecked());
+}
+
+// ---- Changing the unit -----------------------------------------------------------------------
+
+TEST(pageSaveAsPicture, ANewUnitShowsThePreviewsSizeAndDropsWhatWasTyped) {
+  Page p;
+  p.page->txtWidth()->setText("123");  // typed, not applied
+  p.page->cmbScaleWidth()->setCurrentText("cm");
+  EXPECT_EQ(p.page->txtWidth()->text(), core::FormatNumber(9000 / output::kTwipsPerCm));
+  p.page->cmbScaleWidth()->setCurrentText("inch");
+  EXPECT_EQ(p.page->txtWidth()->text(), "6.25");
+  p.page->cmbScaleHeight()->setCurrentText("inch");
+  EXPECT_EQ(p.page->txtHeight()->text(), "4.6875");
+  p.page->cmbScaleHeight()->setCurrentText("pixle");
+  EXPECT_EQ(p.page->txtHeight()->text(), "450");
+  EXPECT_EQ(p.page->PlotWidth(), 9000);
+}
+
+// ---- Applying the size -----------------------------------------------------------------------
+
+TEST(pageSaveAsPicture, OkAppliesWidthAndHeightInTheirUnits) {
+  Page p;
+  p.Type(p.page->txtWidth(), "10", "cm");
+  p.Type(p.page->txtHeight(), "2", "inch");
+  p.page->btnOK()->click();
+  EXPECT_EQ(p.PreviewSize(), QSize(PixelsOfCm(10), 192));
+  EXPECT_EQ(p.page->Plot().size(), QSize(378, 192));
+  p.Type(p.page->txtWidth(), "150.4", "pixle");
+  p.page->btnOK_Click();
+  EXPECT_EQ(p.page->Plot().width(), 150);
+  EXPECT_TRUE(p.boxes.boxes.empty());
+  // The frame goes 120 twips round the preview.
+  EXPECT_EQ(p.page->grpPreview()->size(), QSize(8 + 150 + 8, 8 + 192 + 8));
+  EXPECT_EQ(p.page->Plot().pos(), QPoint(8, 8));
+}
+
+TEST(pageSaveAsPicture, ExactlyTheLargestSizeIsNeitherAppliedNorRefused) {
+  // A text in some unit that comes to exactly 28347 twips.
+  QString text, unit;
+  for (const char* u : {"inch", "pixle", "cm"}) {
+    const double rate = QString::fromLatin1(u) == u"inch" ? 1440 : QString::fromLatin1(u) == u"pixle" ? 15 : output::kTwipsPerCm;
+    const QString candidate = core::FormatNumber(28347 / rate);
+    if (pageSaveAsPicture::ChangeScale(candidate + QString::fromLatin1(u), "twip") == 28347) {
+      text = candidate, unit = QString::fromLatin1(u);
+      break;
+    }
+  }
+  ASSERT_FALSE(text.isEmpty());
+  Page p;
+  p.Type(p.page->txtWidth(), text, unit);
+  p.Type(p.page->txtHeight(), text, unit);
+  p.page->btnOK()->click();
+  EXPECT_EQ(p.PreviewSize(), QSize(600, 450));
+  EXPECT_TRUE(p.boxes.boxes.empty());
+  EXPECT_EQ(p.page->txtWidth()->text(), text);
+}
+
+TEST(pageSaveAsPicture, AZeroFieldIsIgnoredWithoutAMessage) {
+  Page p;
+  for (const char* zero : {"0", "", "abc", "0cm", "-0"}) {
+    p.Type(p.page->txtWidth(), QString::fromLatin1(zero), "cm");
+    p.Type(p.page->txtHeight(), QString::fromLatin1(zero), "inch");
+    p.page->btnOK()->click();
+    EXPECT_EQ(p.PreviewSize(), QSize(600, 450)) << zero;
+  }
+  EXPECT_TRUE(p.boxes.boxes.empty());
+}
+
+TEST(pageSaveAsPicture, FiftyOneCentimetresGiveTheBoxThenTwentyAndTheHeightAsUsual) {
+  Page p;
+  p.Type(p.page->txtWidth(), "51", "cm");
+  p.Type(p.page->txtHeight(), "300", "pixle");
+  p.page->btnOK()->click();
+  ASSERT_EQ(p.boxes.boxes.size(), 1u);
+  EXPECT_EQ(p.boxes.boxes[0].Text, "The Largest Width Length is: 50 cm");
+  EXPECT_EQ(p.boxes.boxes[0].Title, "Msg - [0002]");
+  EXPECT_EQ(p.boxes.boxes[0].Kind, Box::Icon::Exclamation);
+  EXPECT_EQ(p.boxes.boxes[0].Shown, Box::Buttons::Ok);
+  EXPECT_EQ(p.page->txtWidth()->text(), "20");
+  EXPECT_EQ(p.page->cmbScaleWidth()->currentText(), "cm");
+  EXPECT_EQ(p.PreviewSize(), QSize(PixelsOfCm(20), 300));
+  EXPECT_EQ(p.page->txtHeight()->text(), "300");
+}
+
+TEST(pageSaveAsPicture, TooLargeInAnotherUnitStillEndsAtTwentyCentimetres) {
+  Page p;
+  p.Type(p.page->txtWidth(), "2000", "pixle");
+  p.Type(p.page->txtHeight(), "60", "inch");
+  p.page->btnOK()->click();
+  ASSERT_EQ(p.boxes.boxes.size(), 2u);
+  EXPECT_EQ(p.boxes.boxes[0].Title, "Msg - [0002]");
+  EXPECT_EQ(p.boxes.boxes[1].Text, "The Largest Height Length is: 50 cm");
+  EXPECT_EQ(p.boxes.boxes[1].Title, "Msg - [0001]");
+  EXPECT_EQ(p.PreviewSize(), QSize(PixelsOfCm(20), PixelsOfCm(20)));
+  EXPECT_EQ(p.page->txtHeight()->text(), "20");
+  EXPECT_EQ(p.page->cmbScaleHeight()->currentText(), "cm");
+}
+
+TEST(pageSaveAsPicture, FiftyCentimetresIsTheLargestPictureAndItIsDrawnAndSaved) {
+  Page p;
+  p.page->StartUp();
+  p.Type(p.page->txtWidth(), "50", "cm");
+  p.Type(p.page->txtHeight(), "50", "cm");
+  p.page->btnOK()->click();
+  EXPECT_TRUE(p.boxes.boxes.empty());
+  EXPECT_EQ(p.PreviewSize(), QSize(1890, 1890));
+  // A unit typed into the field is read as well, but the preview never grows past the largest.
+  p.Type(p.page->txtWidth(), "1000cm", "pixle");
+  p.page->btnOK()->click();
+  EXPECT_EQ(p.PreviewSize(), QSize(1890, 1890));
+  QTemporaryDir folder;
+  const QString name = folder.filePath("large.png");
+  p.files.names.push_back(name);
+  p.page->btnPNG()->click();
+  EXPECT_EQ(QImageReader(name).size(), QSize(1890, 1890));
+  EXPECT_TRUE(p.boxes.boxes.empty());
+}
+
+TEST(pageSaveAsPicture, ANegativeOrTinySizeLeavesThePreviewAsItIs) {
+  Page p;
+  for (const char* text : {"-5", "-1e999", "0.001", "1e-300"}) {
+    p.Type(p.page->txtWidth(), QString::fromLatin1(text), "pixle");
+    p.page->btnOK()->click();
+    EXPECT_EQ(p.PreviewSize(), QSize(600, 450)) << text;
+  }
+}
+
+TEST(pageSaveAsPicture, AnyTextInAnyFieldNeverBreaksThePage) {
+  Page p;
+  const QString texts[] = {"",        "-",        "+",         ".",      "1e999",     "-1e999", "nan",     "inf",
+                           "  12  ", "\u0661\u0662", "\U0001F4A5", "1,5",   "0x10",      "&H10",   "cmcmcm",  "pixle",
+                           "inch",    "20cm30",   "1e-300",    "3.4.5",  QString(400, u'9'), "-2147483649", "1e5inch",
+                           "twip",    "\t7\n",    "20 cm",     "%",      "'",         "\""};
+  for (const QString& text : texts) {
+    for (const char* unit : {"cm", "pixle", "inch"}) {
+      p.Type(p.page->txtWidth(), text, QString::fromLatin1(unit));
+      p.Type(p.page->txtHeight(), text, QString::fromLatin1(unit));
+      p.page->btnOK()->click();
+      const QSize size = p.PreviewSize();
+      EXPECT_TRUE(size.width() >= 1 && size.width() <= 1890 && size.height() >= 1 && size.height() <= 1890) << text.toStdString();
+    }
+    p.page->txtThick()->selectAll();
+    TypeKeys(p.page->txtThick(), text);
+    const double thickness = p.Preview().Thickness();
+    EXPECT_TRUE(thickness >= 1 && thickness <= 10);
+  }
+}
+
+// ---- Opening the page ------------------------------------------------------------------------
+
+TEST(pageSaveAsPicture, StartUpResizesCheaplyThenReplotsAtFullQuality) {
+  Page p;
+  p.main.Scene().SetQuality(40);
+  p.main.Scene().SetXMin(-3), p.main.Scene().SetXMax(4), p.main.Scene().SetYMin(-2), p.main.Scene().SetYMax(5);
+  double qualityWhileSizing = -1;
+  p.boxes.onShow = [&] { qualityWhileSizing = p.Preview().Quality(); };
+  p.Type(p.page->txtWidth(), "51", "cm");  // a box in step 6 shows the quality of the resizing
+  p.page->StartUp();
+  EXPECT_EQ(qualityWhileSizing, 1);
+  EXPECT_EQ(p.replots, 1);
+  EXPECT_EQ(p.qualityAtReplot, 100);
+  EXPECT_EQ(p.Preview().Quality(), 100);
+  EXPECT_EQ(p.rangeAtReplot, (std::array<double, 4>{-3, 4, -2, 5}));
+  EXPECT_NE(p.seen3D, nullptr);
+  // The rows are drawn into the preview, not into the main plot.
+  EXPECT_EQ(p.Preview().LastDrawing().Curves.size(), 1u);
+  EXPECT_TRUE(p.main.Scene().LastDrawing().Curves.empty());
+  EXPECT_EQ(p.page->PB()->value(), 100);
+  // The frame and the separator follow the preview.
+  const QSize size = p.PreviewSize();
+  EXPECT_EQ(size, QSize(PixelsOfCm(20), 450));
+  EXPECT_EQ(p.page->grpPreview()->size(), size + QSize(16, 16));
+  EXPECT_EQ(p.page->backSep1()->maximumHeight(), size.height());
+  EXPECT_EQ(p.Preview().Size(), size);
+}
+
+TEST(pageSaveAsPicture, AChosenSizeHoldsFromOneVisitToTheNext) {
+  Page p;
+  p.Type(p.page->txtWidth(), "300", "pixle");
+  p.page->btnOK()->click();
+  p.main.resize(800, 700);
+  p.page->StartUp();
+  EXPECT_EQ(p.PreviewSize(), QSize(300, 450));
+  p.page->txtHeight()->setText("200");
+  p.page->StartUp();  // what is in the fields is applied over the main plot's size
+  EXPECT_EQ(p.PreviewSize(), QSize(300, 200));
+  EXPECT_EQ(p.replots, 2);
+}
+
+TEST(pageSaveAsPicture, OnTheSurfaceTabTheOptionsHideAndTheSurfaceSaves) {
+  Page p;
+  p.tab = 3;
+  p.page->StartUp();
+  EXPECT_TRUE(p.page->grpOptions()->isHidden());
+  EXPECT_TRUE(p.page->Plot().isHidden());
+  EXPECT_FALSE(p.page->Plot3D().isHidden());
+  EXPECT_EQ(p.page->Plot3D().geometry(), p.page->Plot().geometry());
+  QTemporaryDir folder;
+  const QString name = folder.filePath("surface.png");
+  p.files.names.push_back(name);
+  p.page->btnPNG()->click();
+  p.page->WaitForSurface();
+  EXPECT_TRUE(p.boxes.boxes.empty());
+  QImage saved(name);
+  ASSERT_FALSE(saved.isNull());
+  EXPECT_EQ(saved.size(), QSize(600, 450));
+  EXPECT_FALSE(p.page->Plot3D().Scene().Surface().Triangles.empty());
+  QImage expected = p.page->Plot3D().Scene().Picture().convertToFormat(saved.format());
+  expected.setDevicePixelRatio(1);
+  EXPECT_EQ(saved, expected);
+  // Back on another tab, the plot shows and saves again.
+  p.tab = 0;
+  p.page->StartUp();
+  EXPECT_FALSE(p.page->grpOptions()->isHidden());
+  EXPECT_FALSE(p.page->Plot().isHidden());
+  EXPECT_TRUE(p.page->Plot3D().isHidden());
+}
+
+// ---- Options and thickness -------------------------------------------------------------------
+
+TEST(pageSaveAsPicture, TheOptionsActOnThePreviewOnly) {
+  Page p;
+  p.page->StartUp();
+  struct Option {
+    QCheckBox* Box;
+    bool (plot2d::Plot::*Get)() const;
+  };
+  const Option options[] = {{p.page->chkShowAxis(), &plot2d::Plot::ShowAxis},
+                            {p.page->chkShowGrid(), &plot2d::Plot::ShowGrid},
+                            {p.page->chkShowNumbers(), &plot2d::Plot::ShowNumbers},
+                            {p.page->chkOuterFrame(), &plot2d::Plot::ShowOuterFrame},
+                            {p.page->chkTransparent(), &plot2d::Plot::TransparentBackground},
+                            {p.page->btnShowTips(), &plot2d::Plot::ShowTips}};
+  for (const Option& option : options) {
+    const bool main = (p.main.Scene().*option.Get)();
+    option.Box->click();
+    EXPECT_EQ((p.Preview().*option.Get)(), option.Box->isChecked()) << option.Box->objectName().toStdString();
+    option.Box->click();
+    EXPECT_EQ((p.Preview().*option.Get)(), option.Box->isChecked());
+    EXPECT_EQ((p.main.Scene().*option.Get)(), main);
+  }
+  p.page->chkTransparent()->setChecked(false);
+  p.page->chkTransparent()->click();
+  EXPECT_TRUE(p.Preview().TransparentBackground());
+  EXPECT_EQ(p.page->Plot().LastPicture().pixelColor(1, 1).alpha(), 0);
+  EXPECT_EQ(p.replots, 1);
+}
+
+TEST(pageSaveAsPicture, TheArrowsStepTheThicknessBetweenOneAndTen) {
+  Page p;
+  p.page->txtThick()->setText("2");
+  p.page->updownTickUp()->click();
+  EXPECT_EQ(p.page->txtThick()->text(), "3");
+  EXPECT_EQ(p.Preview().Thickness(), 3);
+  p.page->txtThick()->setText("10");
+  p.page->updownTickUp()->click();
+  EXPECT_EQ(p.page->txtThick()->text(), "10");
+  EXPECT_EQ(p.Preview().Thickness(), 10);
+  p.page->txtThick()->setText("1");
+  p.page->updownTickDown()->click();
+  EXPECT_EQ(p.page->txtThick()->text(), "1");
+  EXPECT_EQ(p.Preview().Thickness(), 1);
+  p.page->txtThick()->setText("5");
+  p.page->updownTickDown()->click();
+  EXPECT_EQ(p.page->txtThick()->text(), "4");
+  EXPECT_EQ(p.Preview().Thickness(), 4);
+  p.page->txtThick()->setText("4.6");
+  p.page->updownTickUp()->click();
+  EXPECT_EQ(p.page->txtThick()->text(), "5.6");
+  EXPECT_EQ(p.Preview().Thickness(), 6);  // as a 16-bit integer
+  // The keyboard's arrows in the field do the same.
+  p.page->txtThick()->setText("3");
+  QTest::keyClick(p.page->txtThick(), Qt::Key_Up);
+  EXPECT_EQ(p.page->txtThick()->text(), "4");
+  QTest::keyClick(p.page->txtThick(), Qt::Key_Down);
+  QTest::keyClick(p.page->txtThick(), Qt::Key_Down);
+  EXPECT_EQ(p.page->txtThick()->text(), "2");
+  EXPECT_EQ(p.main.Scene().Thickness(), 2);  // the main plot's default, untouched
+}
+
+TEST(pageSaveAsPicture, ATypedThicknessIsKeptInRangeButDoesNotReachThePreview) {
+  Page p;
+  p.page->txtThick()->setText("3");
+  p.page->updownTickUp()->click();
+  ASSERT_EQ(p.Preview().Thickness(), 4);
+  const std::pair<const char*, const char*> cases[] = {{"7", "7"}, {"12", "4"}, {"0", "4"}, {"abc", "4"},
+                                                        {"9x", "9"}, {"-3", "4"}, {"", "4"}, {"10", "10"}};
+  for (const auto& [typed, shown] : cases) {
+    p.page->txtThick()->selectAll();
+    if (*typed) QTest::keyClicks(p.page->txtThick(), QString::fromLatin1(typed));
+    else QTest::keyClick(p.page->txtThick(), Qt::Key_Backspace);
+    EXPECT_EQ(p.page->txtThick()->text(), shown) << typed;
+    EXPECT_EQ(p.Preview().Thickness(), 4) << typed;
+  }
+}
+
+TEST(pageSaveAsPicture, ReplotRedrawsThePreviewOnly) {
+  Page p;
+  p.page->StartUp();
+  p.page->PB()->setValue(0);
+  p.page->btnReplot()->click();
+  EXPECT_EQ(p.replots, 1);
+  EXPECT_EQ(p.page->PB()->value(), 100);
+  EXPECT_EQ(p.Preview().LastDrawing().Curves.size(), 1u);
+}
+
+// ---- Saving ----------------------------------------------------------------------------------
+
+struct SaveCase {
+  const char* Button;
+  const char* Title;
+  const char* Filter;
+  const char* Overwrite;
+  const char* Error;
+  const char* Unknown;
+  const char* Ending;
+  const char* Head;
+};
+
+class SavingTable : public ::testing::TestWithParam<SaveCase> {
+protected:
+  output::CaptionButton* Button(Page& p) { return p.page->findChild<output::CaptionButton*>(GetParam().Button); }
+};
+
+INSTANTIATE_TEST_SUITE_P(
+    Buttons, SavingTable,
+    ::testing::Values(
+        SaveCase{"btnPNG", "Save graph as PNG picture...", "PNG File (*.png) |*.png|All Files (*.*)|*.*",
+                 "Overwrite - [Msg-0003]", "Error - Err-[0001]", "Unknown Error - Err-[0002]", "png", "\x89PNG"},
+        SaveCase{"btnJpg", "Save graph as JPG picture...", "JPG File (*.jpg) |*.jpg|All Files (*.*)|*.*",
+                 "Overwrite - [Msg-0004]", "Err-[0003]", "Err-[0004]", "jpg", "\xff\xd8\xff"},
+        SaveCase{"btnBMP", "Save graph as Bitmap picture...", "Bitmap File (*.bmp) |*.bmp|All Files (*.*)|*.*",
+                 "Overwrite - [Msg-0002]", "Error - Err-[0005]", "Unknown Error - Err-[0006]", "bmp", "BM"},
+        SaveCase{"btnSVG", "Save graph as SVG picture...", "SVG File (*.svg) |*.svg|All Files (*.*)|*.*",
+                 "Overwrite - [Msg-0021]", "Error - Err-[0021]", "Unknown Error - Err-[0022]", "svg", "<?xml"},
+        SaveCase{"btnPDF", "Save graph as PDF document...", "PDF File (*.pdf) |*.pdf|All Files (*.*)|*.*",
+                 "Overwrite - [Msg-0022]", "Error - Err-[0023]", "Unknown Error - Err-[0024]", "pdf", "%PDF-"}),
+    [](const ::testing::TestParamInfo<SaveCase>& test) { return std::string(test.param.Button); });
+
+TEST_P(SavingTable, ANewFileIsWrittenWithoutAQuestion) {
+  const SaveCase& c = GetParam();
+  Page p;
+  p.page->StartUp();
+  QTemporaryDir folder;
+  const QString name = folder.filePath(QStringLiteral("graph.") + QString::fromLatin1(c.Ending));
+  p.files.names.push_back(name);
+  Button(p)->click();
+  ASSERT_EQ(p.files.shown.size(), 1u);
+  EXPECT_EQ(p.files.shown[0].Title, c.Title);
+  EXPECT_EQ(p.files.shown[0].Filter, c.Filter);
+  EXPECT_TRUE(p.files.shown[0].Save);
+  EXPECT_TRUE(p.boxes.boxes.empty());
+  EXPECT_TRUE(Head(name, 16).startsWith(QByteArray(c.Head)));
+  EXPECT_TRUE(p.page->lblStatus()->text().contains(QStringLiteral("graph.")));
+}
+
+TEST_P(SavingTable, NoOnTheOverwriteBoxOpensTheDialogAgain) {
+  const SaveCase& c = GetParam();
+  Page p;
+  p.page->StartUp();
+  QTemporaryDir folder;
+  const QString first = folder.filePath("first.x"), second = folder.filePath("second.x");
+  for (const QString& name : {first, second}) {
+    QFile file(name);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("old");
+  }
+  p.files.names = {first, second};
+  p.boxes.answers = {Box::Answer::No, Box::Answer::Yes};
+  Button(p)->click();
+  ASSERT_EQ(p.files.shown.size(), 2u);
+  ASSERT_EQ(p.boxes.boxes.size(), 2u);
+  for (const auto& box : p.boxes.boxes) {
+    EXPECT_EQ(box.Text, "The file is already exist, overwrite?");
+    EXPECT_EQ(box.Title, c.Overwrite);
+    EXPECT_EQ(box.Shown, Box::Buttons::YesNo);
+    EXPECT_EQ(box.Kind, Box::Icon::Question);
+  }
+  EXPECT_EQ(Head(first, 3), "old");
+  EXPECT_TRUE(Head(second, 16).startsWith(QByteArray(c.Head)));
+}
+
+TEST_P(SavingTable, CancelSaysNothing) {
+  Page p;
+  QTemporaryDir folder;
+  QFile any(folder.filePath("something"));
+  ASSERT_TRUE(any.open(QIODevice::WriteOnly));
+  any.close();
+  InFolder here(folder.path());
+  Button(p)->click();
+  EXPECT_EQ(p.files.shown.size(), 1u);
+  EXPECT_TRUE(p.boxes.boxes.empty());
+}
+
+TEST_P(SavingTable, CancelInAFolderWithoutFilesFindsNoFileAndSaysSo) {
+  const SaveCase& c = GetParam();
+  Page p;
+  QTemporaryDir folder;
+  InFolder here(folder.path());
+  Button(p)->click();
+  ASSERT_EQ(p.boxes.boxes.size(), 1u);
+  EXPECT_EQ(p.boxes.boxes[0].Title, c.Unknown);
+}
+
+TEST_P(SavingTable, AnUnwritableTargetGivesTheErrorAndThenTheStopBox) {
+  const SaveCase& c = GetParam();
+  Page p;
+  p.page->StartUp();
+  QTemporaryDir folder;
+  p.files.names.push_back(folder.filePath(QStringLiteral("no such folder/graph.") + QString::fromLatin1(c.Ending)));
+  Button(p)->click();
+  ASSERT_EQ(p.boxes.boxes.size(), 2u);
+  EXPECT_FALSE(p.boxes.boxes[0].Text.isEmpty());
+  EXPECT_EQ(p.boxes.boxes[0].Title, c.Error);
+  EXPECT_EQ(p.boxes.boxes[0].Kind, Box::Icon::Exclamation);
+  EXPECT_EQ(p.boxes.boxes[0].Shown, Box::Buttons::Ok);
+  EXPECT_EQ(p.boxes.boxes[1].Text, "Could not save the file.\nPlease contact us to fix it.");
+  EXPECT_EQ(p.boxes.boxes[1].Title, c.Unknown);
+  EXPECT_EQ(p.boxes.boxes[1].Kind, Box::Icon::Critical);
+  EXPECT_EQ(p.boxes.boxes[1].Shown, Box::Buttons::Ok);
+}
+
+TEST(pageSaveAsPicture, ThePictureHasThePreviewsSizeAndItsOptions) {
+  Page p;
+  p.Type(p.page->txtWidth(), "321", "pixle");
+  p.Type(p.page->txtHeight(), "2", "inch");
+  p.page->StartUp();
+  p.page->chkTransparent()->click();
+  ASSERT_TRUE(p.Preview().TransparentBackground());
+  QTemporaryDir folder;
+  p.files.names = {folder.filePath("a.png"), folder.filePath("a.jpg")};
+  p.page->btnPNG()->click();
+  p.page->btnJpg()->click();
+  const QImage png(folder.filePath("a.png"));
+  EXPECT_EQ(png.size(), QSize(321, 192));
+  EXPECT_TRUE(png.hasAlphaChannel());
+  EXPECT_EQ(png.pixelColor(2, 2).alpha(), 0);
+  EXPECT_EQ(QImageReader(folder.filePath("a.jpg")).size(), QSize(321, 192));
+}
+
+TEST(pageSaveAsPicture, SvgIsADrawingOfPathsAtThePreviewsSize) {
+  Page p;
+  p.Type(p.page->txtWidth(), "400", "pixle");
+  p.Type(p.page->txtHeight(), "300", "pixle");
+  p.page->StartUp();
+  QTemporaryDir folder;
+  const QString name = folder.filePath("graph.svg");
+  p.files.names.push_back(name);
+  p.page->btnSVG()->click();
+  QFile file(name);
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  const QString svg = QString::fromUtf8(file.readAll());
+  EXPECT_TRUE(svg.contains(QStringLiteral("<svg")));
+  EXPECT_TRUE(svg.contains(QStringLiteral("viewBox=\"0 0 400 300\""))) << svg.left(600).toStdString();
+  // The red curve is a path, not a picture: a drawing without implicit regions has no image.
+  EXPECT_TRUE(svg.contains(QStringLiteral("stroke=\"#ff0000\"")));
+  EXPECT_FALSE(svg.contains(QStringLiteral("<image")));
+  EXPECT_TRUE(p.boxes.boxes.empty());
+}
+
+TEST(pageSaveAsPicture, PdfIsAPageOfThePicturesPhysicalSize) {
+  Page p;
+  p.Type(p.page->txtWidth(), "10", "cm");
+  p.Type(p.page->txtHeight(), "2", "inch");
+  p.page->StartUp();
+  QTemporaryDir folder;
+  const QString name = folder.filePath("graph.pdf");
+  p.files.names.push_back(name);
+  p.page->btnPDF()->click();
+  QFile file(name);
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  const QByteArray pdf = file.readAll();
+  EXPECT_TRUE(pdf.startsWith("%PDF-"));
+  EXPECT_TRUE(pdf.trimmed().endsWith("%%EOF"));
+  // 378 by 192 pixels of 15 twips: 283.5 by 144 points.
+  const QRegularExpression box(QStringLiteral("/MediaBox \\[0 0 ([0-9.]+) ([0-9.]+)\\]"));
+  const QRegularExpressionMatch match = box.match(QString::fromLatin1(pdf));
+  ASSERT_TRUE(match.hasMatch());
+  EXPECT_NEAR(match.captured(1).toDouble(), 378 * 0.75, 0.6);
+  EXPECT_NEAR(match.captured(2).toDouble(), 144, 0.6);
+  EXPECT_TRUE(p.boxes.boxes.empty());
+}
+
+TEST(pageSaveAsPicture, TheSurfaceGoesIntoSvgAndPdfAsItsPicture) {
+  Page p;
+  p.tab = 3;
+  p.page->StartUp();
+  p.page->WaitForSurface();
+  QTemporaryDir folder;
+  p.files.names = {folder.filePath("s.svg"), folder.filePath("s.pdf")};
+  p.page->btnSVG()->click();
+  p.page->btnPDF()->click();
+  EXPECT_TRUE(Head(folder.filePath("s.svg"), 5000).contains("<image"));
+  EXPECT_TRUE(Head(folder.filePath("s.pdf"), 5).startsWith("%PDF-"));
+  EXPECT_TRUE(p.boxes.boxes.empty());
+}
+
+TEST(pageSaveAsPicture, CopyPutsThePreviewsPictureOnTheClipboard) {
+  Page p;
+  p.Type(p.page->txtWidth(), "250", "pixle");
+  p.Type(p.page->txtHeight(), "150", "pixle");
+  p.page->StartUp();
+  p.page->btnCopy()->click();
+  EXPECT_EQ(p.desktop.clipboardImage.size(), QSize(250, 150));
+  EXPECT_EQ(p.desktop.clipboardImage.devicePixelRatio(), 1);
+  EXPECT_FALSE(p.desktop.clipboardImage.hasAlphaChannel());
+  EXPECT_EQ(p.desktop.clipboardImage, QImage(p.Preview().Picture(QImage::Format_RGB32)));
+  p.page->chkTransparent()->click();
+  p.page->btnCopy()->click();
+  EXPECT_TRUE(p.desktop.clipboardImage.hasAlphaChannel());
+  p.tab = 3;
+  p.page->StartUp();
+  p.page->btnCopy()->click();
+  EXPECT_EQ(p.desktop.clipboardImage.size(), QSize(250, 150));
+  EXPECT_TRUE(p.boxes.boxes.empty());
+  EXPECT_TRUE(p.files.shown.empty());
+}
+
+// ---- Pictures of the page --------------------------------------------------------------------
+
+// With QUILLOGRAPH_EXPORT_SHOTS naming a folder, the page is drawn into it as the program shows it
+// (its style sheet on), at the screen's scale: run with QT_SCALE_FACTOR=1 and 2.
+TEST(pageSaveAsPicture, PicturesOfThePage) {
+  const QString folder = qEnvironmentVariable("QUILLOGRAPH_EXPORT_SHOTS");
+  if (folder.isEmpty()) GTEST_SKIP() << "QUILLOGRAPH_EXPORT_SHOTS names no folder";
+  QDir().mkpath(folder);
+  QFile sheet(platform::DataFile(QStringLiteral("Ribbon/Quillograph.qss")));
+  ASSERT_TRUE(sheet.open(QIODevice::ReadOnly));
+  qApp->setStyle(QStringLiteral("Fusion"));
+  qApp->setStyleSheet(QString::fromUtf8(sheet.readAll()).replace(QStringLiteral("%DATA%"), platform::DataFolder()));
+  const QString scale = QString::number(qApp->devicePixelRatio());
+  for (int tab : {0, 3}) {
+    Page p;
+    p.tab = tab;
+    QWidget frame;  // the backstage's white content area
+    frame.setObjectName(QStringLiteral("BackstageContent"));
+    frame.setStyleSheet(QStringLiteral("#BackstageContent { background: #ffffff; }"));
+    auto* layout = new QVBoxLayout(&frame);
+    layout->setContentsMargins(40, 28, 40, 24);
+    p.page->setParent(&frame);
+    layout->addWidget(p.page.get());
+    frame.resize(1100, 720);
+    frame.show();
+    p.page->StartUp();
+    p.page->WaitForSurface();
+    QCoreApplication::processEvents();
+    const QString name = QStringLiteral("%1/page-%2-x%3.png").arg(folder, tab == 3 ? "3d" : "2d", scale);
+    EXPECT_TRUE(frame.grab().save(name));
+    if (tab == 0) {
+      // The vector files beside them, and the SVG as a reader draws it.
+      p.files.names = {folder + "/graph.svg", folder + "/graph.pdf"};
+      p.page->btnSVG()->click();
+      p.page->btnPDF()->click();
+      QSvgRenderer reader(folder + "/graph.svg");
+      QImage drawn(reader.defaultSize(), QImage::Format_ARGB32_Premultiplied);
+      drawn.fill(Qt::transparent);
+      QPainter painter(&drawn);
+      reader.render(&painter);
+      painter.end();
+      EXPECT_TRUE(drawn.save(folder + "/graph-svg.png"));
+      p.Type(p.page->txtWidth(), "50", "cm");
+      p.page->btnOK()->click();
+      QCoreApplication::processEvents();
+      EXPECT_TRUE(frame.grab().save(QStringLiteral("%1/page-large-x%2.png").arg(folder, scale)));
+    }
+    p.page->setParent(nullptr);
+  }
+  qApp->setStyleSheet(QString());
+}
