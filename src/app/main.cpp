@@ -35,6 +35,9 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Quillograph"));
   QApplication::setOrganizationName(QStringLiteral("Quillograph"));
+  // The desktop matches the window to its entry (quillograph.desktop) and shows its icon.
+  QGuiApplication::setDesktopFileName(QStringLiteral("quillograph"));
+  QApplication::setWindowIcon(QIcon(platform::DataFile(QStringLiteral("Icons/quillograph.svg"))));
   ApplyLook(application);
 
   core::SharedState state;

@@ -8,5 +8,7 @@ namespace core {
 
 int VersionMajor();
 int VersionMinor();
+// The build's revision: the number of commits the sources stand on, 0 where that is not known.
+int VersionRevision();
 
 }  // namespace core

@@ -16,6 +16,15 @@ QString DataFolder() {
   return QStringLiteral(QUILLOGRAPH_SOURCE_DATA);
 }
 
-QString DataFile(const QString& relativePath) { return DataFolder() + u'/' + relativePath; }
+// Run from the build tree, what the build makes (the manual, the samples' pictures) stands in the
+// build's own data folder, beside the sources' one.
+QString DataFile(const QString& relativePath) {
+  const QString folder = DataFolder();
+  if (folder == QStringLiteral(QUILLOGRAPH_SOURCE_DATA)) {
+    const QString built = QStringLiteral(QUILLOGRAPH_BUILD_DATA) + u'/' + relativePath;
+    if (QFileInfo::exists(built)) return built;
+  }
+  return folder + u'/' + relativePath;
+}
 
 }  // namespace platform

@@ -9,7 +9,8 @@ namespace platform {
 // is the source tree's data folder. QUILLOGRAPH_DATA names another one, for tests and packagers.
 QString DataFolder();
 
-// A file of that folder: DataFile("Ribbon/Menubar.xcb").
+// A file of that folder: DataFile("Ribbon/Menubar.xcb"). From the build tree, a file that the build
+// made (Help.pdf, the samples' pictures) comes from the build's data folder.
 QString DataFile(const QString& relativePath);
 
 }  // namespace platform

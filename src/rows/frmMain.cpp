@@ -1,6 +1,5 @@
 #include "frmMain.h"
 
-#include "BackstagePages.h"
 #include "CommandDispatch.h"
 #include "FileCommands.h"
 #include "FormInsertTarget.h"
@@ -10,6 +9,10 @@
 #include "InputTabs.h"
 #include "RowCommands.h"
 #include "RowDialogs.h"
+
+#include "output/RichTextPage.h"
+#include "output/pageSaveAsPicture.h"
+#include "output/pageInfo.h"
 #include "RowMenu.h"
 
 #include "core/NumberText.h"
@@ -103,7 +106,7 @@ frmMain::frmMain(core::SharedState& state, const MainServices& services, QWidget
 frmMain::~frmMain() {
   m_rowDialogs->CloseAll();
   for (QWidget* popup : {static_cast<QWidget*>(m_insert.data()), static_cast<QWidget*>(m_range.data()),
-                         static_cast<QWidget*>(m_fullScreen.data())}) {
+                         static_cast<QWidget*>(m_fullScreen.data()), static_cast<QWidget*>(m_contact.data())}) {
     delete popup;
   }
   // The widgets go before the script engine and the driver that their handlers use.
@@ -157,6 +160,7 @@ void frmMain::WireParts() {
   m_rowCommands->MoveTo = [this](int i) { m_rowDialogs->ShowMoveTo(i); };
   m_rowCommands->PointsOf = [this](int i) { m_rowDialogs->ShowPoints(i); };
   m_rowDialogs->ProjectChanged = [this] { ProjectChanged(); };
+  m_dispatch->ShowContact = [this] { ShowContact(); };
   m_dispatch->ControlPlace = [this](std::int32_t id) {
     const QWidget* view = m_ribbon->WidgetFor(id);
     return view ? view->mapToGlobal(QPoint(0, 0)) : mapToGlobal(QPoint(0, 0));
@@ -225,13 +229,40 @@ void frmMain::CreateFileMenu() {
   m_backstage->AddCommand(57601, QStringLiteral("&Open"), QStringLiteral("document-open"));
   m_backstage->AddCommand(57602, QStringLiteral("&Exit"), QStringLiteral("application-exit"));
   m_backstage->AddSeparator();
-  m_backstage->AddPage(10011, QStringLiteral("Save as &picture"), BackstagePages::SaveAsPicture(), QStringLiteral("image-x-generic"));
-  m_backstage->AddPage(10013, QStringLiteral("What is new?"), BackstagePages::WhatIsNew(), QStringLiteral("help-whatsthis"));
-  m_backstage->AddPage(10010, QStringLiteral("&Info"), BackstagePages::Info(), QStringLiteral("help-about"));
-  m_backstage->AddPage(10012, QStringLiteral("&Samples"), BackstagePages::Samples(), QStringLiteral("folder-documents"));
-  m_backstage->AddPage(10014, QStringLiteral("Support Us"), BackstagePages::SupportUs(), QStringLiteral("emblem-favorite"));
+  auto* picture = new output::pageSaveAsPicture(
+      *m_plot, [this] { return m_tabs->currentIndex(); },
+      [this](plotcompiler::PlotControl& plot, plotcompiler::Plot3DControl* plot3d) { ReplotInto(plot, plot3d); },
+      m_services.Boxes, m_services.Files, m_services.Desktop);
+  m_backstage->AddPage(10011, QStringLiteral("Save as &picture"), picture, QStringLiteral("image-x-generic"));
+  // The preview takes the window's rows and display afresh each time the page opens.
+  connect(m_backstage, &ribbon::Backstage::PageShowing, picture, [picture](int id) {
+    if (id == 10011) picture->StartUp();
+  });
+  m_backstage->AddPage(10013, QStringLiteral("What is new?"),
+                       new output::RichTextPage(QStringLiteral("pageWhatIsNew"), QStringLiteral("rchWhatIsNew"),
+                                                QStringLiteral("What is new.rtf")),
+                       QStringLiteral("help-whatsthis"));
+  auto* info = new output::pageInfo(m_services.Desktop);
+  info->ShowContact = [this] { ShowContact(); };
+  m_backstage->AddPage(10010, QStringLiteral("&Info"), info, QStringLiteral("help-about"));
+  m_samples = new output::pageSamples(m_state, m_services.Boxes);
+  m_samples->LoadProject = [this](const QString& path) { LoadProject(path); };
+  m_samples->Loaded = [this] { UpdateTitle(); };
+  m_backstage->AddPage(10012, QStringLiteral("&Samples"), m_samples, QStringLiteral("folder-documents"));
+  m_backstage->AddPage(10014, QStringLiteral("Support Us"),
+                       new output::RichTextPage(QStringLiteral("pageSupportUs"), QStringLiteral("rchSupportUs"),
+                                                QStringLiteral("Support Us.rtf")),
+                       QStringLiteral("emblem-favorite"));
   m_backstage->SetStartPage(10010);
   m_ribbon->SetBackstage(m_backstage);
+}
+
+void frmMain::ShowContact() {
+  delete m_contact.data();
+  m_contact = new output::frmContactUS(m_services.Desktop, this);
+  m_contact->show();
+  m_contact->raise();
+  m_contact->activateWindow();
 }
 
 void frmMain::CommandBars_Execute(ribbon::CommandControl& control) { m_dispatch->CommandBars_Execute(control); }
@@ -334,7 +365,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
     return;
   }
   for (QWidget* popup : {static_cast<QWidget*>(m_insert.data()), static_cast<QWidget*>(m_range.data()),
-                         static_cast<QWidget*>(m_fullScreen.data())}) {
+                         static_cast<QWidget*>(m_fullScreen.data()), static_cast<QWidget*>(m_contact.data())}) {
     if (popup) popup->close();
   }
   event->accept();

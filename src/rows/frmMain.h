@@ -6,7 +6,9 @@
 #include "dialogs/frmInsert.h"
 #include "dialogs/frmRange.h"
 #include "expression/ScriptEvaluation.h"
+#include "output/frmContactUS.h"
 #include "output/frmFullScreen.h"
+#include "output/pageSamples.h"
 #include "plotcompiler/ReplotDriver.h"
 #include "ribbon/CommandBars.h"
 #include "script/ScriptControl.h"
@@ -79,6 +81,10 @@ public:
   dialogs::frmRange* Range() const { return m_range; }
   void ShowFullScreen();
   output::frmFullScreen* FullScreen() const { return m_fullScreen; }
+  // The contact form, growing open in the middle of the screen.
+  void ShowContact();
+  output::frmContactUS* Contact() const { return m_contact; }
+  output::pageSamples& Samples() { return *m_samples; }
 
   // The ribbon's checks, colours and zoom label follow the plot: all at the start, and again on
   // the plot's settings-changed event.
@@ -159,6 +165,8 @@ private:
   QPointer<dialogs::frmInsert> m_insert;
   QPointer<dialogs::frmRange> m_range;
   QPointer<output::frmFullScreen> m_fullScreen;
+  QPointer<output::frmContactUS> m_contact;
+  output::pageSamples* m_samples = nullptr;
   bool m_prepared3D = false;
   int m_prepare3DCalls = 0;
   QTimer m_resizeSettled;  // a full-quality picture once the window has stopped changing size

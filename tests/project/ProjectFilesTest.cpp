@@ -37,7 +37,7 @@ void SmallProject(FakeProjectForm& f) {
              {"txt_phiMax", "pi"}, {"txt_3D_uMin", "0"}, {"txt_3D_uMax", "2"}, {"txt_3D_vMin", "0"},
              {"txt_3D_vMax", "2"}};
   f.rows[0].Text = "y=x^2";
-  f.rows.push_back({16776960, "[x,y;1,2]", "False,False,False,True,False,0", true, false, "line one\r\nline two"});
+  f.rows.push_back({16776960, "[x,y;1,2]", "False,False,False,True,False,0", true, false, "line one\r\nline two", QString()});
 }
 
 QString Version() { return QStringLiteral("%1.%2").arg(core::VersionMajor()).arg(core::VersionMinor()); }

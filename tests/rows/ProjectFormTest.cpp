@@ -325,7 +325,7 @@ TEST(ProjectForm, ClosingAsksOnlyWhenThereAreChanges) {
 }
 
 TEST(ProjectForm, EverySampleLoadsWithoutAMessage) {
-  const QStringList samples = QDir(platform::DataFile("Functions")).entryList({"*.qlfn"}, QDir::Files);
+  const QStringList samples = QDir(platform::DataFolder() + "/Functions").entryList({"*.qlfn"}, QDir::Files);
   EXPECT_EQ(samples.size(), 24);
   Form f;
   for (const QString& sample : samples) {
