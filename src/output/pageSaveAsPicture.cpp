@@ -353,6 +353,8 @@ void pageSaveAsPicture::Form_Load() {
   preview.SetThickness(main.Thickness());
   m_txtThick->setText(FormatNumber(preview.Thickness()));
   SetBoxesFromMainPlot();
+  m_untouchedWidth = m_txtWidth->text();
+  m_untouchedHeight = m_txtHeight->text();
 }
 
 // The boxes show the main plot's settings; the outer frame's box shows its axis setting, as it
@@ -378,16 +380,38 @@ void pageSaveAsPicture::StartUp() {
   preview.SetXMin(main.XMin());
   preview.SetYMax(main.YMax());
   preview.SetYMin(main.YMin());
+  // The picture has the plot's colours as the window shows them.
+  preview.SetAxisColor(main.AxisColor());
+  preview.SetBackColor(main.BackColor());
   const bool surface = m_selectedTab && m_selectedTab() == 3;
   m_plot3d->setVisible(surface);
   m_plot->setVisible(!surface);
   m_grpOptions->setVisible(!surface);
   SetBoxesFromMainPlot();
+  FollowMainPlotSize();
   btnOK_Click();
   FitFrame();
   preview.SetQuality(100);
   m_backSep1->setMaximumHeight(m_size.height());
   RunReplot();
+}
+
+// Until a size is chosen the fields follow the main plot: the page is made before the window has
+// its size, and the window may have changed its size since. A field typed in, or a unit changed,
+// is a choice, and from then on the fields hold.
+void pageSaveAsPicture::FollowMainPlotSize() {
+  if (m_sizeChosen) return;
+  const bool untouched = m_txtWidth->text() == m_untouchedWidth && m_txtHeight->text() == m_untouchedHeight &&
+                         m_cmbScaleWidth->currentText() == QStringLiteral("pixle") &&
+                         m_cmbScaleHeight->currentText() == QStringLiteral("pixle");
+  if (!untouched) {
+    m_sizeChosen = true;
+    return;
+  }
+  m_untouchedWidth = QString::number(m_main.width());
+  m_untouchedHeight = QString::number(m_main.height());
+  m_txtWidth->setText(m_untouchedWidth);
+  m_txtHeight->setText(m_untouchedHeight);
 }
 
 double pageSaveAsPicture::PlotWidth() const { return Tw(m_size.width()); }

@@ -114,6 +114,7 @@ private:
   void SetBoxesFromMainPlot();
   void ApplySide(const Side& side);
   void FitFrame();
+  void FollowMainPlotSize();
   void RunReplot();
   void OptionClicked(QCheckBox* box, void (plot2d::Plot::*set)(bool));
   void ThicknessFromField();
@@ -129,6 +130,9 @@ private:
   platform::FileDialogs& m_files;
   platform::Desktop& m_desktop;
   QSize m_size;  // the preview's size in pixels of 15 twips
+  // What the size fields held when no one had chosen a size yet: the main plot's size in pixels.
+  QString m_untouchedWidth, m_untouchedHeight;
+  bool m_sizeChosen = false;
 
   plot2d::PlotWidget* m_plot = nullptr;
   plot3d::Plot3DWidget* m_plot3d = nullptr;
