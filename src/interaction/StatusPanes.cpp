@@ -133,6 +133,7 @@ void StatusPanes::StatusBar_SliderPaneClick(const QString& caption, int command,
   const double readBack = quality ? m_plot.Quality() : m_plot.Thickness();
   (quality ? m_qualityText : m_thicknessText)
       ->setText((quality ? QStringLiteral("Quality: ") : QStringLiteral("Thickness: ")) + core::FormatNumber(readBack));
+  emit SliderChanged();
 }
 
 }  // namespace interaction

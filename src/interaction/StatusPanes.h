@@ -36,6 +36,8 @@ public:
 
 signals:
   void ReplotClicked();
+  // A slider changed the plot's quality or thickness.
+  void SliderChanged();
 
 private:
   plot2d::Plot& m_plot;

@@ -122,6 +122,7 @@ void frmMain::WireParts() {
   connect(m_tabs, &QTabWidget::currentChanged, this, &frmMain::tabInput_Click);
   connect(&Functions(), &FunctionList::CloseInsertRequested, this, &frmMain::CloseInsert);
   connect(&Functions(), &FunctionList::RowsRearranged, this, [this] { m_rowDialogs->ClosePointDialogs(); });
+  connect(m_panes, &interaction::StatusPanes::SliderChanged, this, &frmMain::MirrorSliders);
   connect(m_panes, &interaction::StatusPanes::ReplotClicked, this, [this] {
     Replot(true);
     if (m_tabs->currentIndex() == 3) {
@@ -213,7 +214,12 @@ void frmMain::StartRibbon() {
   quick.AddCommand(57603, QStringLiteral("Save"), QStringLiteral("document-save"), QStringLiteral("Ctrl+S"),
                    tr("Save the project"));
   MirrorPlot(false);
-  // The sliders and their values start where the plot stands.
+  MirrorSliders();
+}
+
+// The ribbon's sliders and their values where the plot stands: at the start, after a project
+// was read, and after the status bar's sliders moved.
+void frmMain::MirrorSliders() {
   const plot2d::Plot& scene = m_plot->Scene();
   if (auto* quality = m_commandBars.FindControl(1113)) quality->SetPos(static_cast<std::int16_t>(std::lround(scene.Quality())));
   if (auto* thickness = m_commandBars.FindControl(1122)) thickness->SetPos(static_cast<std::int16_t>(std::lround(scene.Thickness())));
@@ -265,7 +271,11 @@ void frmMain::ShowContact() {
   m_contact->activateWindow();
 }
 
-void frmMain::CommandBars_Execute(ribbon::CommandControl& control) { m_dispatch->CommandBars_Execute(control); }
+void frmMain::CommandBars_Execute(ribbon::CommandControl& control) {
+  m_dispatch->CommandBars_Execute(control);
+  // The ribbon's sliders and the status bar's show the same two values.
+  if (control.Id() == 1113 || control.Id() == 1122) m_panes->Sync();
+}
 
 void frmMain::ToolTipReNew() {
   for (QWidget* widget : findChildren<QWidget*>()) {
@@ -346,6 +356,8 @@ void frmMain::SaveProject(const QString& path) {
 void frmMain::LoadProject(const QString& path) {
   CloseInsert();
   project::ProjectReader(*m_project, m_state, m_services.Boxes).LoadProject(path);
+  m_panes->Sync();
+  MirrorSliders();
   UpdateTitle();
 }
 

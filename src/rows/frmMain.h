@@ -135,6 +135,7 @@ private:
   void tabInput_Click(int index);
   void WireParts();
   void StartRibbon();
+  void MirrorSliders();
   void CreateFileMenu();
   void ProjectChanged();
   void ApplyZoom(const QString& text);

@@ -1,5 +1,6 @@
 // The main window's commands by id, the row's context menu, the ribbon's start.
 #include "core/Tag.h"
+#include "interaction/StatusPanes.h"
 #include "mathx/MthX.h"
 #include "plot2d/PlotWidget.h"
 #include "ribbon/RibbonBar.h"
@@ -464,4 +465,30 @@ TEST(Ribbon, ItStartsFromThePlotAndItsToolTipsAreRich) {
   EXPECT_TRUE(rich.contains("<b>"));
   w->ToolTipReNew();
   EXPECT_EQ(add->toolTip(), rich) << "a second pass changes nothing";
+}
+
+TEST(Ribbon, TheSlidersOfRibbonAndStatusBarShowTheSameValues) {
+  Window w;
+  // A project read from a file.
+  QTemporaryDir dir;
+  const QString path = dir.filePath("thick.qlp");
+  w->Plot().Scene().SetThickness(5);
+  w->Plot().Scene().SetQuality(40);
+  w->SaveProject(path);
+  w->Plot().Scene().SetThickness(2);
+  w->Plot().Scene().SetQuality(90);
+  w->LoadProject(path);
+  EXPECT_EQ(w.Control(1122).Pos(), 5);
+  EXPECT_EQ(w.Control(1121).Caption(), "5");
+  EXPECT_EQ(w.Control(1113).Pos(), 40);
+  EXPECT_EQ(w->StatusText(9002), "Thickness: 5");
+  // The status bar's slider.
+  w->Panes().StatusBar_SliderPaneClick(QStringLiteral("Plot Thickness"), 1, 0);
+  EXPECT_EQ(w->Plot().Scene().Thickness(), 6);
+  EXPECT_EQ(w.Control(1122).Pos(), 6);
+  EXPECT_EQ(w.Control(1121).Caption(), "6");
+  // The ribbon's slider.
+  w.Control(1113).SetPos(70);
+  w->CommandBars().Execute(w.Control(1113));
+  EXPECT_EQ(w->StatusText(9004), "Quality: 70");
 }
