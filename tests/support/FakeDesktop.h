@@ -93,8 +93,11 @@ private:
   std::optional<QString> Answer(Dialog dialog) {
     shown.push_back(std::move(dialog));
     if (names.empty()) return std::nullopt;
-    auto name = names.front();
+    // Taken apart so that an optimising compiler does not think the name unset.
+    const bool cancelled = !names.front().has_value();
+    const QString name = names.front().value_or(QString());
     names.pop_front();
+    if (cancelled) return std::nullopt;
     return name;
   }
 };
