@@ -1,4 +1,6 @@
 // The main of test programs that paint: text needs a QGuiApplication (fonts), off screen.
+#include "SanitizerDefaults.h"
+
 #include <gtest/gtest.h>
 
 #include <QGuiApplication>

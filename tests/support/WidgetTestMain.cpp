@@ -1,4 +1,6 @@
 // The main of test programs that drive widgets: a QApplication first, off screen.
+#include "SanitizerDefaults.h"
+
 #include <gtest/gtest.h>
 
 #include <QApplication>
