@@ -15,9 +15,8 @@
 namespace dialogs {
 
 frmMoveTo::frmMoveTo(int index, RowTarget& target, platform::MessageBoxes& boxes, QWidget* parent)
-    : QDialog(parent, Qt::Tool | Qt::FramelessWindowHint), m_index(index), m_target(target), m_boxes(boxes) {
+    : RowPopup(parent), m_index(index), m_target(target), m_boxes(boxes) {
   setObjectName(QStringLiteral("frmMoveTo"));
-  setAttribute(Qt::WA_DeleteOnClose);
   setWindowTitle(tr("Move Function"));
 
   m_lblMoveTo = new QLabel(QStringLiteral("Move Function To (1-500):"), this);
@@ -59,7 +58,7 @@ void frmMoveTo::Form_Activate() {
 }
 
 void frmMoveTo::btnOK_Click() {
-  if (m_unloading) return;
+  if (Unloading()) return;
   const int rows = m_target.HighestIndex() + 1;
   // The number as the field starts: blanks and a tail of anything else are let go, halves go to
   // the even neighbour. A number too large for the row numbers is simply no row.
@@ -70,11 +69,11 @@ void frmMoveTo::btnOK_Click() {
     n = 0;
   }
   if (n > rows || n < 1 || n - 1 == m_index) {
-    m_answering = true;
+    SetAnswering(true);
     m_boxes.Show(QStringLiteral("Invalid Function Number."), platform::MessageBoxes::Buttons::Ok,
                  platform::MessageBoxes::Icon::Exclamation, QStringLiteral("Invalid Move to [Msg-0005]"));
-    m_answering = false;
-    if (!m_unloading) {
+    SetAnswering(false);
+    if (!Unloading()) {
       m_txtMoveTo->setFocus();
       m_txtMoveTo->selectAll();
     }
@@ -89,40 +88,11 @@ void frmMoveTo::btnOK_Click() {
 }
 
 void frmMoveTo::btnCancel_Click() {
-  if (m_unloading) return;
+  if (Unloading()) return;
   const int index = m_index;
   RowTarget& target = m_target;
   Unload();
   target.FocusAfter(index);
-}
-
-void frmMoveTo::Unload() {
-  if (m_unloading) return;
-  m_unloading = true;
-  close();
-}
-
-void frmMoveTo::closeEvent(QCloseEvent* event) {
-  m_unloading = true;
-  QDialog::closeEvent(event);
-}
-
-bool frmMoveTo::event(QEvent* event) {
-  switch (event->type()) {
-    case QEvent::WindowActivate: Form_Activate(); break;
-    case QEvent::WindowDeactivate:
-      // Our own message box over the dialog is no leave; a click anywhere else is a cancel.
-      if (!m_answering && !m_unloading && QApplication::activeModalWidget() == nullptr) Unload();
-      break;
-    case QEvent::KeyPress:
-      if (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
-        btnCancel_Click();
-        return true;
-      }
-      break;
-    default: break;
-  }
-  return QDialog::event(event);
 }
 
 }  // namespace dialogs

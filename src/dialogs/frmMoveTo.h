@@ -1,5 +1,6 @@
 #pragma once
 
+#include "RowPopup.h"
 #include "RowTarget.h"
 
 #include "platform/MessageBoxes.h"
@@ -16,7 +17,7 @@ namespace dialogs {
 // are counted from 1 here, as their captions show them. A number outside the list, or the row's
 // own number, is refused with a message and the dialog stays; a valid one exchanges the two rows
 // and marks the project changed. Cancel, Escape and losing the activation change nothing.
-class frmMoveTo : public QDialog {
+class frmMoveTo : public RowPopup {
   Q_OBJECT
 
 public:
@@ -29,16 +30,11 @@ public:
   QPushButton* btnOK() const { return m_btnOK; }
   QPushButton* btnCancel() const { return m_btnCancel; }
 
-  void Form_Activate();
+  void Form_Activate() override;
   void btnOK_Click();
-  void btnCancel_Click();
-
-protected:
-  bool event(QEvent* event) override;
-  void closeEvent(QCloseEvent* event) override;
+  void btnCancel_Click() override;
 
 private:
-  void Unload();
 
   int m_index;
   RowTarget& m_target;
@@ -47,8 +43,6 @@ private:
   QLineEdit* m_txtMoveTo;
   QPushButton* m_btnOK;
   QPushButton* m_btnCancel;
-  bool m_unloading = false;
-  bool m_answering = false;  // our own message box is up: losing the activation to it is no leave
 };
 
 }  // namespace dialogs

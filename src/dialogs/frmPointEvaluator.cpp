@@ -36,14 +36,13 @@ QString RightSide(const QString& text) { return core::Mid(text, core::InStr(text
 frmPointEvaluator::frmPointEvaluator(int row, RowTarget& target, core::SharedState& state,
                                      expression::ScriptEvaluation& evaluation, platform::MessageBoxes& boxes,
                                      OpenTable openTable, QWidget* parent)
-    : QDialog(parent, Qt::Tool | Qt::FramelessWindowHint),
+    : RowPopup(parent),
       m_target(target),
       m_state(state),
       m_evaluation(evaluation),
       m_boxes(boxes),
       m_openTable(std::move(openTable)) {
   setObjectName(QStringLiteral("frmPointEvaluator"));
-  setAttribute(Qt::WA_DeleteOnClose);
   setWindowTitle(tr("Point Evaluator"));
   core::SetTag(this, QString::number(row));
 
@@ -137,7 +136,7 @@ void frmPointEvaluator::Form_Activate() {
     m_mthEquation->SetText(semicolon > 0 ? core::Left(line, semicolon - 1) : text);
   }
   // The start of the range waits for the user's input (and keeps it after a message box).
-  if (!m_unloading && focusWidget() == nullptr) {
+  if (!Unloading() && focusWidget() == nullptr) {
     m_txtFrom->setFocus();
     m_txtFrom->selectAll();
   }
@@ -169,12 +168,12 @@ void frmPointEvaluator::PointCount_Change() {
 }
 
 void frmPointEvaluator::btnEvaluate_Click() {
-  if (m_unloading) return;
+  if (Unloading()) return;
   if (m_countColor == kRed) {
-    m_answering = true;
+    SetAnswering(true);
     m_boxes.Show(QStringLiteral("Number of point must be 50 or less."), platform::MessageBoxes::Buttons::Ok,
                  platform::MessageBoxes::Icon::Exclamation, QStringLiteral("Point Evaluator - [Msg-0008]"));
-    m_answering = false;
+    SetAnswering(false);
     return;
   }
   // The expression and the name of the quantity it gives: y of x, x of y (neither may stand on
@@ -213,7 +212,7 @@ void frmPointEvaluator::btnEvaluate_Click() {
 }
 
 void frmPointEvaluator::btnNew_Click() {
-  if (m_unloading) return;
+  if (Unloading()) return;
   const OpenTable openTable = m_openTable;
   const QString tag = core::Tag(this);
   const QPoint at = pos();
@@ -222,40 +221,11 @@ void frmPointEvaluator::btnNew_Click() {
 }
 
 void frmPointEvaluator::btnCancel_Click() {
-  if (m_unloading) return;
+  if (Unloading()) return;
   const int row = Row();
   RowTarget& target = m_target;
   Unload();
   target.FocusAfter(row);
-}
-
-void frmPointEvaluator::Unload() {
-  if (m_unloading) return;
-  m_unloading = true;
-  close();
-}
-
-void frmPointEvaluator::closeEvent(QCloseEvent* event) {
-  m_unloading = true;
-  QDialog::closeEvent(event);
-}
-
-bool frmPointEvaluator::event(QEvent* event) {
-  switch (event->type()) {
-    case QEvent::WindowActivate: Form_Activate(); break;
-    case QEvent::WindowDeactivate:
-      // A pop-up: a click anywhere else is a cancel. Our own message box over it is no leave.
-      if (!m_answering && !m_unloading && QApplication::activeModalWidget() == nullptr) Unload();
-      break;
-    case QEvent::KeyPress:
-      if (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
-        btnCancel_Click();
-        return true;
-      }
-      break;
-    default: break;
-  }
-  return QDialog::event(event);
 }
 
 }  // namespace dialogs

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "RowPopup.h"
 #include "RowTarget.h"
 
 #include "core/SharedState.h"
@@ -25,7 +26,7 @@ namespace dialogs {
 // hands the points editor a description "row;expression;name;from;to;step" as its tag, and the
 // editor computes them when it opens. Table opens the editor empty, for typing by hand. The form
 // keeps the number of steps up to date under the fields, red when it is no count of 1 to 50.
-class frmPointEvaluator : public QDialog {
+class frmPointEvaluator : public RowPopup {
   Q_OBJECT
 
 public:
@@ -48,20 +49,15 @@ public:
   // The colour of the count as the forms keep colours: 255 red (no valid count), 0 black.
   int PointCountColor() const { return m_countColor; }
 
-  void Form_Activate();
+  void Form_Activate() override;
   // The one handler of the three fields.
   void PointCount_Change();
   void btnEvaluate_Click();
   void btnNew_Click();
-  void btnCancel_Click();
-
-protected:
-  bool event(QEvent* event) override;
-  void closeEvent(QCloseEvent* event) override;
+  void btnCancel_Click() override;
 
 private:
   void SetCountColor(int color);
-  void Unload();
 
   RowTarget& m_target;
   core::SharedState& m_state;
@@ -78,8 +74,6 @@ private:
   QPushButton* m_btnCancel;
   int m_countColor = 0;
   bool m_filled = false;
-  bool m_unloading = false;
-  bool m_answering = false;  // our own message box is up: losing the activation to it is no leave
 };
 
 }  // namespace dialogs
