@@ -18,6 +18,8 @@
 
 #include "../tests/support/FakeDesktop.h"
 
+#include "RatioReporter.h"
+
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
@@ -232,31 +234,13 @@ void BM_Project109_Save(benchmark::State& state) {
 }
 BENCHMARK(BM_Project109_Save)->Unit(benchmark::kMillisecond)->UseRealTime();
 
-class Reporter : public benchmark::ConsoleReporter {
-public:
-  void ReportRuns(const std::vector<Run>& runs) override {
-    for (const Run& run : runs) {
-      if (run.run_type == Run::RT_Iteration || run.aggregate_name == "median") times[run.run_name.str()] = run.GetAdjustedRealTime();
-    }
-    ConsoleReporter::ReportRuns(runs);
-  }
-  void Finalize() override {
-    ConsoleReporter::Finalize();
-    const auto ours = times.find("BM_Replot109_Ours/real_time"), drawing = times.find("BM_Replot109_Drawing/real_time");
-    if (ours != times.end() && drawing != times.end() && drawing->second > 0) {
-      std::printf("\nReplot of 109 rows: our part / the drawing = %.3f\n", ours->second / drawing->second);
-    }
-  }
-  std::map<std::string, double> times;
-};
-
 }  // namespace
 
 int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(argc, argv);
   benchmark::Initialize(&argc, argv);
-  Reporter reporter;
+  RatioReporter reporter(std::vector<RatioReporter::Pair>{{"BM_Replot109_Ours/real_time", "BM_Replot109_Drawing/real_time"}});
   benchmark::RunSpecifiedBenchmarks(&reporter);
   benchmark::Shutdown();
   return 0;

@@ -11,6 +11,8 @@
 #include "../tests/support/FakeDesktop.h"
 #include "../tests/support/StateSupport.h"
 
+#include "RatioReporter.h"
+
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
@@ -19,9 +21,6 @@
 #include <QLineEdit>
 #include <QTemporaryDir>
 
-#include <cstdio>
-#include <map>
-#include <string>
 
 namespace {
 
@@ -98,31 +97,13 @@ void BM_QtWritesTheSamePng(benchmark::State& state) {
 }
 BENCHMARK(BM_QtWritesTheSamePng)->Unit(benchmark::kMillisecond)->UseRealTime();
 
-class Reporter : public benchmark::ConsoleReporter {
-public:
-  void ReportRuns(const std::vector<Run>& runs) override {
-    for (const Run& run : runs) {
-      if (run.run_type == Run::RT_Iteration || run.aggregate_name == "median") times[run.run_name.str()] = run.GetAdjustedRealTime();
-    }
-    ConsoleReporter::ReportRuns(runs);
-  }
-  void Finalize() override {
-    ConsoleReporter::Finalize();
-    const auto ours = times.find("BM_ExportSave50cm/Png/real_time"), peer = times.find("BM_QtWritesTheSamePng/real_time");
-    if (ours != times.end() && peer != times.end() && peer->second > 0) {
-      std::printf("\nSaving a 50 cm PNG: the page / Qt's encoder alone = %.3f\n", ours->second / peer->second);
-    }
-  }
-  std::map<std::string, double> times;
-};
-
 }  // namespace
 
 int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(argc, argv);
   benchmark::Initialize(&argc, argv);
-  Reporter reporter;
+  RatioReporter reporter(std::vector<RatioReporter::Pair>{{"BM_ExportSave50cm/Png/real_time", "BM_QtWritesTheSamePng/real_time"}});
   benchmark::RunSpecifiedBenchmarks(&reporter);
   benchmark::Shutdown();
   return 0;
