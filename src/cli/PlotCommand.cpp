@@ -107,7 +107,10 @@ std::optional<PlotOptions> Parse(const QStringList& arguments, QTextStream& err)
   return o;
 }
 
-void AddRows(plot2d::Plot& plot, const PlotOptions& o, QTextStream& err) {
+// Adds the rows and items; false when an option's text has not the form it wants (each such is
+// said on err).
+bool AddRows(plot2d::Plot& plot, const PlotOptions& o, QTextStream& err) {
+  bool wellFormed = true;
   core::Color color = 255;
   std::int32_t kind = 0;
   for (qsizetype i = 0; i < o.Lines.size(); ++i) {
@@ -123,6 +126,7 @@ void AddRows(plot2d::Plot& plot, const PlotOptions& o, QTextStream& err) {
     const auto n = NumberList(text, 2, u',');
     if (!n) {
       err << "quillograph-cli plot: --point wants X,Y: " << text << '\n';
+      wellFormed = false;
       continue;
     }
     double a = (*n)[0], b = (*n)[1];
@@ -134,6 +138,7 @@ void AddRows(plot2d::Plot& plot, const PlotOptions& o, QTextStream& err) {
     const auto bounds = parts.size() == 4 ? NumberList(parts[2] + u',' + parts[3], 2, u',') : std::nullopt;
     if (!bounds) {
       err << "quillograph-cli plot: --integral wants F;MIN;MAX or F;G;MIN;MAX: " << text << '\n';
+      wellFormed = false;
       continue;
     }
     bool second = !parts[1].isEmpty();
@@ -148,11 +153,13 @@ void AddRows(plot2d::Plot& plot, const PlotOptions& o, QTextStream& err) {
     const auto bounds = parts.size() >= 4 ? NumberList(parts[2] + u',' + parts[3], 2, u',') : std::nullopt;
     if (!bounds) {
       err << "quillograph-cli plot: --parametric wants X;Y;MIN;MAX[;polar]: " << text << '\n';
+      wellFormed = false;
       continue;
     }
     const std::int32_t type = parts.value(4) == u"polar" ? 2 : 1;
     plot.AddParametric(parts[0], parts[1], (*bounds)[0], (*bounds)[1], type, 32768);
   }
+  return wellFormed;
 }
 
 }  // namespace
@@ -197,7 +204,11 @@ int RunPlot(const QStringList& arguments, Streams streams) {
   plot.SetShowNumbers(!options->NoNumbers);
   plot.SetShowOuterFrame(!options->NoFrame);
   plot.SetTransparentBackground(options->Transparent);
-  AddRows(plot, *options, streams.Err);
+  // A malformed option is the caller's mistake: no picture, as for any other bad option.
+  if (!AddRows(plot, *options, streams.Err)) {
+    streams.Err.flush();
+    return 2;
+  }
   plot.Redraw();
   for (const QString& problem : plot.Problems()) streams.Err << "quillograph-cli plot: " << problem << '\n';
   try {

@@ -113,6 +113,8 @@ int RunTypeset(const QStringList& arguments, Streams streams) {
   if (format != "PNG") {
     QImage ground(picture.size(), QImage::Format_RGB32);
     ground.fill(Qt::white);
+    // The same density as the formula, so that it covers the whole ground at any scale.
+    ground.setDevicePixelRatio(picture.devicePixelRatio());
     QPainter painter(&ground);
     painter.drawImage(0, 0, picture);
     painter.end();

@@ -4,6 +4,7 @@
 
 #include "QtPrinters.h"
 
+#include <QFile>
 #include <QImage>
 #include <QImageReader>
 #include <QTemporaryDir>
@@ -67,6 +68,14 @@ TEST(PlotCommand, ProblemsAreReportedAndBadOptionsRefused) {
   EXPECT_EQ(RunCli({"plot", "--range", "1,2", dir.filePath("p.png")}).Code, 2);
   EXPECT_EQ(RunCli({"plot", "--line", "y=x"}).Code, 2);
   EXPECT_EQ(RunCli({"plot", "--line", "y=x", dir.filePath("missing/p.png")}).Code, 1);
+  // An item option without the form it wants: nothing is written.
+  for (const char* option : {"--point", "--integral", "--parametric"}) {
+    const QString out = dir.filePath(QStringLiteral("bad%1.png").arg(option));
+    r = RunCli({"plot", option, "1;2", out});
+    EXPECT_EQ(r.Code, 2) << option;
+    EXPECT_TRUE(r.Err.contains("wants")) << option << r.Err.toStdString();
+    EXPECT_FALSE(QFile::exists(out)) << option;
+  }
   r = RunCli({"--help"});
   EXPECT_TRUE(r.Out.contains("plot [OPTIONS] [--line TEXT]... OUT"));
 }

@@ -51,6 +51,25 @@ TEST(TypesetCommand, SizeScaleAndGroundByTheEnding) {
   EXPECT_GT(QColor(picture.pixel(0, 0)).lightness(), 240);
 }
 
+// On a white ground (JPEG, BMP) a dense picture is drawn whole, not at a quarter in its corner.
+TEST(TypesetCommand, ADenseBitmapIsInkedAllOver) {
+  QTemporaryDir dir;
+  const QString plain = dir.filePath("plain.bmp");
+  const QString dense = dir.filePath("dense.bmp");
+  ASSERT_EQ(RunCli({"typeset", "y=x+1", plain, "--size", "20"}).Code, 0);
+  ASSERT_EQ(RunCli({"typeset", "y=x+1", dense, "--size", "20", "--scale", "2"}).Code, 0);
+  const QImage a(plain), b(dense);
+  ASSERT_EQ(b.width(), 2 * a.width());
+  const auto inkRightOfHalf = [](const QImage& image) {
+    int ink = 0;
+    for (int y = 0; y < image.height(); ++y) {
+      for (int x = image.width() / 2; x < image.width(); ++x) ink += QColor(image.pixel(x, y)).lightness() < 128;
+    }
+    return ink;
+  };
+  EXPECT_GT(inkRightOfHalf(b), 2 * inkRightOfHalf(a));
+}
+
 TEST(TypesetCommand, TheTreeShowsTheBoxes) {
   QTemporaryDir dir;
   const CliResult r = RunCli({"typeset", "--tree", "[x,y;1,2;3,4]", dir.filePath("t.png")});
