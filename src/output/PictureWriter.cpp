@@ -1,5 +1,7 @@
 #include "PictureWriter.h"
 
+#include "plot2d/SegmentClip.h"
+
 #include "core/RuntimeError.h"
 #include "plot2d/PlotPainter.h"
 
@@ -37,46 +39,7 @@ void WithFlat(const plot2d::Plot& scene, const std::function<void(const plot2d::
   use(flat);
 }
 
-// The style the plot paints itself with (Plot::Style), at a ratio of 1.
-PlotStyle StyleOf(const plot2d::Plot& scene) {
-  PlotStyle style;
-  style.ShowAxis = scene.ShowAxis();
-  style.ShowGrid = scene.ShowGrid();
-  style.ShowNumbers = scene.ShowNumbers();
-  style.ShowOuterFrame = scene.ShowOuterFrame();
-  style.ShowIntegral = scene.ShowIntegral();
-  style.TransparentBackground = scene.TransparentBackground();
-  style.Back = plot2d::Plot::ColorOf(scene.BackColor());
-  style.Axis = plot2d::Plot::ColorOf(scene.AxisColor());
-  const double thickness = scene.Thickness();
-  style.Thickness = std::isfinite(thickness) && thickness > 0 ? std::min(thickness, 50.0) : 1.0;
-  style.Scale = 1;
-  return style;
-}
 
-// The part of segment a-b inside rect, or false when there is none (Liang-Barsky), as the plot's
-// painter cuts its curves.
-bool Clip(QPointF& a, QPointF& b, const QRectF& rect) {
-  double t0 = 0, t1 = 1;
-  const double dx = b.x() - a.x();
-  const double dy = b.y() - a.y();
-  const double p[4] = {-dx, dx, -dy, dy};
-  const double q[4] = {a.x() - rect.left(), rect.right() - a.x(), a.y() - rect.top(), rect.bottom() - a.y()};
-  for (int i = 0; i < 4; ++i) {
-    if (p[i] == 0) {
-      if (q[i] < 0) return false;
-      continue;
-    }
-    const double t = q[i] / p[i];
-    if (p[i] < 0) t0 = std::max(t0, t);
-    else t1 = std::min(t1, t);
-    if (t0 > t1) return false;
-  }
-  const QPointF start = a;
-  a = start + t0 * QPointF(dx, dy);
-  b = start + t1 * QPointF(dx, dy);
-  return true;
-}
 
 bool Finite(QPointF p) { return std::isfinite(p.x()) && std::isfinite(p.y()); }
 
@@ -94,7 +57,7 @@ QPainterPath CurvePath(const ViewTransform& view, const std::vector<QPolygonF>& 
     for (qsizetype i = 1; i < piece.size(); ++i) {
       QPointF a = view.ToPixel(piece[i - 1].x(), piece[i - 1].y());
       QPointF b = view.ToPixel(piece[i].x(), piece[i].y());
-      if (!Finite(a) || !Finite(b) || !Clip(a, b, bounds)) {
+      if (!Finite(a) || !Finite(b) || !plot2d::ClipSegment(a, b, bounds)) {
         flush();
         continue;
       }
@@ -145,7 +108,7 @@ void Dots(QPainter& painter, const ViewTransform& view, const PlotStyle& style, 
 // lies over them (labels, frame) are painted by the plot's own painter.
 void PaintVectors(QPainter& painter, const plot2d::Plot& scene) {
   const ViewTransform view = scene.View();
-  const PlotStyle style = StyleOf(scene);
+  const PlotStyle style = scene.StyleAt(1);
   const Drawing& drawing = scene.LastDrawing();
   Drawing under;
   under.Fills = drawing.Fills;

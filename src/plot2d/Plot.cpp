@@ -102,13 +102,15 @@ QSize Plot::DeviceSize() const {
 
 ViewTransform Plot::View() const { return ViewTransform(m_xMin, m_xMax, m_yMin, m_yMax, DeviceSize()); }
 
-PlotStyle Plot::Style() const {
+PlotStyle Plot::Style() const { return StyleAt(m_devicePixelRatio); }
+
+PlotStyle Plot::StyleAt(double ratio) const {
   PlotStyle style = m_style;
   style.Back = ColorOf(m_backColor);
   style.Axis = ColorOf(m_axisColor);
   if (!std::isfinite(style.Thickness) || style.Thickness <= 0) style.Thickness = 1;
-  style.Thickness = std::min(style.Thickness, 50.0) * m_devicePixelRatio;
-  style.Scale = m_devicePixelRatio;
+  style.Thickness = std::min(style.Thickness, 50.0) * ratio;
+  style.Scale = ratio;
   style.Antialiased = QualityPercent() >= 50;
   return style;
 }

@@ -118,6 +118,9 @@ public:
 
   // A colour value (red in the low byte) as a colour.
   static QColor ColorOf(double value);
+  // What the painter draws with at a device pixel ratio: colours, options, pen widths. Writers of
+  // other formats (vector pictures) draw with it too.
+  PlotStyle StyleAt(double ratio) const;
 
 private:
   PlotStyle Style() const;

@@ -1,5 +1,7 @@
 #include "PlotPainter.h"
 
+#include "SegmentClip.h"
+
 #include "render/AxisTicks.h"
 #include "CurveRasterizer.h"
 #include "render/Parallel.h"
@@ -34,28 +36,6 @@ QColor WithAlpha(QColor color, int alpha) {
   return color;
 }
 
-// The part of segment a-b inside rect, or false when there is none (Liang-Barsky).
-bool Clip(QPointF& a, QPointF& b, const QRectF& rect) {
-  double t0 = 0, t1 = 1;
-  const double dx = b.x() - a.x();
-  const double dy = b.y() - a.y();
-  const double p[4] = {-dx, dx, -dy, dy};
-  const double q[4] = {a.x() - rect.left(), rect.right() - a.x(), a.y() - rect.top(), rect.bottom() - a.y()};
-  for (int i = 0; i < 4; ++i) {
-    if (p[i] == 0) {
-      if (q[i] < 0) return false;
-      continue;
-    }
-    const double t = q[i] / p[i];
-    if (p[i] < 0) t0 = std::max(t0, t);
-    else t1 = std::min(t1, t);
-    if (t0 > t1) return false;
-  }
-  const QPointF start = a;
-  a = start + t0 * QPointF(dx, dy);
-  b = start + t1 * QPointF(dx, dy);
-  return true;
-}
 
 }  // namespace
 
@@ -258,7 +238,7 @@ std::vector<QPolygonF> PlotPainter::Visible(const QPolygonF& piece) const {
   for (qsizetype i = 1; i < piece.size(); ++i) {
     const QPointF current = m_view.ToPixel(piece[i].x(), piece[i].y());
     QPointF a = previous, b = current;
-    if (Clip(a, b, bounds)) {
+    if (ClipSegment(a, b, bounds)) {
       if (run.isEmpty() || run.last() != a) {
         if (run.size() > 1) runs.push_back(run);
         run.clear();
