@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include "RowDialogsSupport.h"
+
 #include "FakeDesktop.h"
 #include "QtPrinters.h"
 #include "StateSupport.h"
@@ -26,33 +28,6 @@
 using dialogs::frmAddPoint;
 
 namespace {
-
-// Types a text key by key; characters beyond ASCII come as the keyboard sends them, text alone.
-void TypeKeys(QWidget* widget, const QString& text) {
-  for (const QChar c : text) {
-    if (c == u'\n') QTest::keyClick(widget, Qt::Key_Return);
-    else if (c.unicode() >= 32 && c.unicode() < 127) QTest::keyClick(widget, c.toLatin1());
-    else if (c == u'\t') QTest::keyClick(widget, Qt::Key_Tab);
-    else QTest::sendKeyEvent(QTest::Click, widget, Qt::Key_unknown, QString(c), Qt::NoModifier);
-  }
-}
-
-class FakeRows : public dialogs::RowTarget {
-public:
-  int HighestIndex() const override { return static_cast<int>(texts.size()) - 1; }
-  QString RowText(int index) const override { return texts.value(index); }
-  void SetRowText(int index, const QString& text) override {
-    texts[index] = text;
-    writes << text;
-  }
-  void MoveFunctionTo(int, int) override {}
-  void MarkProjectChanged() override {}
-  void FocusAfter(int index) override { focus.push_back(index); }
-
-  QStringList texts{""};
-  QStringList writes;
-  std::vector<int> focus;
-};
 
 struct TableFixture {
   TableFixture() : state(InitialisedState()), evaluation(state, engine) {

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include "RowDialogsSupport.h"
+
 #include "FakeDesktop.h"
 #include "QtPrinters.h"
 
@@ -16,39 +18,6 @@
 using dialogs::frmMoveTo;
 
 namespace {
-
-// Types a text key by key; characters beyond ASCII come as the keyboard sends them, text alone.
-void TypeKeys(QWidget* widget, const QString& text) {
-  for (const QChar c : text) {
-    if (c == u'\n') QTest::keyClick(widget, Qt::Key_Return);
-    else if (c.unicode() >= 32 && c.unicode() < 127) QTest::keyClick(widget, c.toLatin1());
-    else if (c == u'\t') QTest::keyClick(widget, Qt::Key_Tab);
-    else QTest::sendKeyEvent(QTest::Click, widget, Qt::Key_unknown, QString(c), Qt::NoModifier);
-  }
-}
-
-// The main form's rows as plain texts, with a record of what the dialog asked of them.
-class FakeRows : public dialogs::RowTarget {
-public:
-  explicit FakeRows(int count) {
-    for (int i = 0; i < count; ++i) texts << QStringLiteral("y=%1x").arg(i + 1);
-  }
-  int HighestIndex() const override { return static_cast<int>(texts.size()) - 1; }
-  QString RowText(int index) const override { return texts.value(index); }
-  void SetRowText(int index, const QString& text) override { texts[index] = text; }
-  void MoveFunctionTo(int index, int target) override {
-    moves.push_back({index, target});
-    if (target < 0 || target > HighestIndex()) return;
-    texts.swapItemsAt(index, target);
-  }
-  void MarkProjectChanged() override { ++changed; }
-  void FocusAfter(int index) override { focus.push_back(index); }
-
-  QStringList texts;
-  std::vector<std::pair<int, int>> moves;
-  int changed = 0;
-  std::vector<int> focus;
-};
 
 struct MoveFixture {
   explicit MoveFixture(int rows) : target(rows) {}
