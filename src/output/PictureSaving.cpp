@@ -2,7 +2,6 @@
 
 #include "core/RuntimeError.h"
 
-#include <QDir>
 #include <QFileInfo>
 
 #include <exception>
@@ -14,16 +13,14 @@ namespace {
 using Box = platform::MessageBoxes;
 
 const QString kCancelled = QStringLiteral("Cancel was selected.");
-constexpr int kCancelError = 32755;
-
-// Whether a saved file is there, as the check after saving looks: a name is found when it is a
-// file; an empty name (a cancelled dialog) finds the first file of the current folder, if any.
-bool Found(const QString& name) {
-  if (name.isEmpty()) return !QDir::current().entryList(QDir::Files).isEmpty();
-  return QFileInfo(name).isFile();
-}
 
 }  // namespace
+
+QString WithEnding(const QString& name, const QString& ending) {
+  const QFileInfo file(name);
+  if (file.fileName().isEmpty() || !file.suffix().isEmpty()) return name;
+  return name.endsWith(u'.') ? name + ending : name + u'.' + ending;
+}
 
 QString SaveThroughDialog(platform::FileDialogs& files, platform::MessageBoxes& boxes, const SaveKind& kind,
                           const std::function<void(const QString& name)>& write) {
@@ -33,8 +30,8 @@ QString SaveThroughDialog(platform::FileDialogs& files, platform::MessageBoxes& 
     for (;;) {
       const std::optional<QString> chosen =
           files.SaveFileName(QString::fromLatin1(kind.Title), QString::fromLatin1(kind.Filter), QString());
-      if (!chosen) throw core::RuntimeError(kCancelError, kCancelled);
-      name = *chosen;
+      if (!chosen || chosen->isEmpty()) return {};  // cancelled: nothing written, nothing to say
+      name = WithEnding(*chosen, QString::fromLatin1(kind.Ending));
       if (QFileInfo(name).isFile() &&
           boxes.Show(QStringLiteral("The file is already exist, overwrite?"), Box::Buttons::YesNo, Box::Icon::Question,
                      QString::fromLatin1(kind.OverwriteTitle)) == Box::Answer::No) {
@@ -51,7 +48,7 @@ QString SaveThroughDialog(platform::FileDialogs& files, platform::MessageBoxes& 
   if (!description.isEmpty() && description != kCancelled) {
     boxes.Show(description, Box::Buttons::Ok, Box::Icon::Exclamation, QString::fromLatin1(kind.ErrorTitle));
   }
-  if (!Found(name)) {
+  if (!QFileInfo(name).isFile()) {
     boxes.Show(QStringLiteral("Could not save the file.\nPlease contact us to fix it."), Box::Buttons::Ok,
                Box::Icon::Critical, QString::fromLatin1(kind.UnknownTitle));
     return {};

@@ -13,8 +13,10 @@ constexpr double kTwipsPerCm = 566.928567000558;
 constexpr double kTwipsPerInch = 1440;
 constexpr double kTwipsPerPixle = 15;
 
-// The largest side of a picture in twips, which the boxes call 50 cm.
-constexpr double kLargestSide = 28347;
+// The largest side of a picture: 16384 pixels, enough for a poster or a print of a metre at
+// 300 dots an inch. The boxes that tell the limit keep their old words ("50 cm").
+constexpr int kLargestPixels = 16384;
+constexpr double kLargestSide = kLargestPixels * kTwipsPerPixle;
 
 // A number with its unit glued to its end ("10cm", "150twip") in the target unit: "twip" takes
 // "cm", "pixle" or "inch" (looked for in that order, case-sensitive; every occurrence of the unit

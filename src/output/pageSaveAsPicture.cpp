@@ -35,23 +35,16 @@ constexpr int kThinnest = 1;
 // The saving buttons, in the order of Output.
 const SaveKind kSaveKinds[] = {
     {"Save graph as PNG picture...", "PNG File (*.png) |*.png|All Files (*.*)|*.*", "Overwrite - [Msg-0003]", 1,
-     "Error - Err-[0001]", "Unknown Error - Err-[0002]"},
+     "Error - Err-[0001]", "Unknown Error - Err-[0002]", "png"},
     {"Save graph as JPG picture...", "JPG File (*.jpg) |*.jpg|All Files (*.*)|*.*", "Overwrite - [Msg-0004]", 2,
-     "Err-[0003]", "Err-[0004]"},
+     "Err-[0003]", "Err-[0004]", "jpg"},
     {"Save graph as Bitmap picture...", "Bitmap File (*.bmp) |*.bmp|All Files (*.*)|*.*", "Overwrite - [Msg-0002]", 3,
-     "Error - Err-[0005]", "Unknown Error - Err-[0006]"},
+     "Error - Err-[0005]", "Unknown Error - Err-[0006]", "bmp"},
     {"Save graph as SVG picture...", "SVG File (*.svg) |*.svg|All Files (*.*)|*.*", "Overwrite - [Msg-0021]", 0,
-     "Error - Err-[0021]", "Unknown Error - Err-[0022]"},
+     "Error - Err-[0021]", "Unknown Error - Err-[0022]", "svg"},
     {"Save graph as PDF document...", "PDF File (*.pdf) |*.pdf|All Files (*.*)|*.*", "Overwrite - [Msg-0022]", 0,
-     "Error - Err-[0023]", "Unknown Error - Err-[0024]"},
+     "Error - Err-[0023]", "Unknown Error - Err-[0024]", "pdf"},
 };
-
-// Pixels of a side in twips; 0 for a side that cannot be drawn (not above zero, or less than half
-// a pixel). No side grows past the largest, whatever the text held.
-int PixelsOf(double twips) {
-  if (!(twips > 0)) return 0;
-  return Px(std::min(twips, kLargestSide));
-}
 
 QLabel* Heading(const QString& text, QWidget* parent) {
   auto* label = new QLabel(text, parent);
@@ -388,6 +381,11 @@ void pageSaveAsPicture::StartUp() {
   m_plot->setVisible(!surface);
   m_grpOptions->setVisible(!surface);
   SetBoxesFromMainPlot();
+  // The line thickness of the window, until one is chosen here.
+  if (!m_thicknessChosen && !m_thicknessTyped) {
+    preview.SetThickness(main.Thickness());
+    m_txtThick->setText(FormatNumber(preview.Thickness()));
+  }
   FollowMainPlotSize();
   btnOK_Click();
   FitFrame();
@@ -432,27 +430,25 @@ void pageSaveAsPicture::btnOK_Click() {
   FitFrame();
 }
 
-// A side below the largest is applied unless its number is 0; one above it is told, set back to
-// 20 cm and the whole size applied again; one of exactly the largest stays as it was.
+// A side is taken in whole pixels. A field that comes to no size (0, a word, a negative number,
+// less than half a pixel) leaves the side as it is; one past the largest is told, and then the
+// side and the field, in its own unit, are set to the largest.
 void pageSaveAsPicture::ApplySide(const Side& side) {
   const QString unit = side.Unit->currentText();
-  const double number = NumericPrefix(side.Field->text());
-  const double twips = ChangeScale(FormatNumber(number) + unit, QStringLiteral("twip"));
-  if (twips < kLargestSide && number != 0) {
-    // The field's whole text with the unit behind it: a unit typed into the field is read too.
-    const int pixels = PixelsOf(ChangeScale(side.Field->text() + unit, QStringLiteral("twip")));
-    if (pixels > 0) side.Width ? m_size.setWidth(pixels) : m_size.setHeight(pixels);
-  } else if (twips > kLargestSide) {
+  if (NumericPrefix(side.Field->text()) == 0) return;
+  // The field's whole text with the unit behind it: a unit typed into the field is read too.
+  const double twips = ChangeScale(side.Field->text() + unit, QStringLiteral("twip"));
+  if (!(twips > 0)) return;
+  int pixels = kLargestPixels;
+  if (twips < Tw(kLargestPixels) + kTwipsPerPixle / 2) {
+    pixels = Px(twips);
+    if (pixels <= 0) return;
+  } else {
     m_boxes.Show(QString::fromLatin1(side.Message), Box::Buttons::Ok, Box::Icon::Exclamation,
                  QString::fromLatin1(side.Title));
-    // The unit first, quietly: its change would put the preview's size back into the field.
-    {
-      const QSignalBlocker quiet(side.Unit);
-      side.Unit->setCurrentIndex(side.Unit->findText(QStringLiteral("cm")));
-    }
-    side.Field->setText(QStringLiteral("20"));
-    btnOK_Click();
+    side.Field->setText(FormatNumber(ChangeScale(FormatNumber(kLargestSide) + QStringLiteral("twip"), unit)));
   }
+  side.Width ? m_size.setWidth(pixels) : m_size.setHeight(pixels);
 }
 
 // The preview at its size inside the frame, the frame around it, and the surface over the plot.
@@ -495,12 +491,14 @@ void pageSaveAsPicture::ThicknessFromField() {
 }
 
 void pageSaveAsPicture::updownTick_UpClick() {
+  m_thicknessChosen = true;
   const double value = NumericPrefix(m_txtThick->text());
   if (value < kThickest) m_txtThick->setText(FormatNumber(value + 1));
   ThicknessFromField();
 }
 
 void pageSaveAsPicture::updownTick_DownClick() {
+  m_thicknessChosen = true;
   const double value = NumericPrefix(m_txtThick->text());
   if (value > kThinnest) m_txtThick->setText(FormatNumber(value - 1));
   ThicknessFromField();
@@ -510,7 +508,8 @@ void pageSaveAsPicture::updownTick_DownClick() {
 // preview's; only the arrows hand the number to the preview.
 void pageSaveAsPicture::txtThick_Change() {
   const double value = NumericPrefix(m_txtThick->text());
-  const QString number = value > kThickest || value < kThinnest ? FormatNumber(m_plot->Scene().Thickness()) : FormatNumber(value);
+  m_thicknessTyped = value <= kThickest && value >= kThinnest;
+  const QString number = m_thicknessTyped ? FormatNumber(value) : FormatNumber(m_plot->Scene().Thickness());
   if (number != m_txtThick->text()) m_txtThick->setText(number);
   m_plot->Redraw();
 }

@@ -25,7 +25,7 @@
 namespace output {
 
 // The backstage page "Save as picture": a preview plot and surface of their own, into which the
-// project is drawn at a size that the user chooses (up to 50 cm a side), with display options for
+// project is drawn at a size that the user chooses (up to 16384 pixels a side), with display options for
 // this picture alone, and buttons that save what the preview shows as PNG, JPEG, BMP, SVG or PDF,
 // or copy it. The main window's plot is only read: its size, range and display settings.
 class pageSaveAsPicture : public QWidget {
@@ -133,6 +133,10 @@ private:
   // What the size fields held when no one had chosen a size yet: the main plot's size in pixels.
   QString m_untouchedWidth, m_untouchedHeight;
   bool m_sizeChosen = false;
+  // Whether a thickness was chosen with the arrows, or the field holds a typed one: until then the
+  // preview takes the main plot's at each opening.
+  bool m_thicknessChosen = false;
+  bool m_thicknessTyped = false;
 
   plot2d::PlotWidget* m_plot = nullptr;
   plot3d::Plot3DWidget* m_plot3d = nullptr;

@@ -2,6 +2,8 @@
 // and what they write.
 #include "PicturePage.h"
 
+#include <QFileInfo>
+
 struct SaveCase {
   const char* Button;
   const char* Title;
@@ -76,26 +78,102 @@ TEST_P(SavingTable, NoOnTheOverwriteBoxOpensTheDialogAgain) {
   EXPECT_TRUE(Head(second, 16).startsWith(QByteArray(c.Head)));
 }
 
-TEST_P(SavingTable, CancelSaysNothing) {
-  Page p;
-  QTemporaryDir folder;
-  QFile any(folder.filePath("something"));
-  ASSERT_TRUE(any.open(QIODevice::WriteOnly));
-  any.close();
-  InFolder here(folder.path());
-  Button(p)->click();
-  EXPECT_EQ(p.files.shown.size(), 1u);
-  EXPECT_TRUE(p.boxes.boxes.empty());
+// What the current folder holds when the dialog is cancelled: nothing at all, only a folder, a file.
+enum class Holds { Nothing, OnlyAFolder, AFile };
+
+TEST_P(SavingTable, CancelIsSilentWhateverTheFolderHolds) {
+  for (const Holds holds : {Holds::Nothing, Holds::OnlyAFolder, Holds::AFile}) {
+    Page p;
+    QTemporaryDir folder;
+    if (holds == Holds::OnlyAFolder) {
+      ASSERT_TRUE(QDir(folder.path()).mkdir("inner"));
+    }
+    if (holds == Holds::AFile) {
+      QFile any(folder.filePath("something"));
+      ASSERT_TRUE(any.open(QIODevice::WriteOnly));
+    }
+    InFolder here(folder.path());
+    Button(p)->click();
+    EXPECT_EQ(p.files.shown.size(), 1u);
+    EXPECT_TRUE(p.boxes.boxes.empty()) << static_cast<int>(holds);
+    EXPECT_TRUE(p.page->lblStatus()->text().isEmpty());
+  }
 }
 
-TEST_P(SavingTable, CancelInAFolderWithoutFilesFindsNoFileAndSaysSo) {
+TEST_P(SavingTable, CancelAfterNoOnTheOverwriteBoxWritesNothingAndSaysNothingMore) {
+  Page p;
+  p.page->StartUp();
+  QTemporaryDir folder;
+  const QString name = folder.filePath(QStringLiteral("old.") + QString::fromLatin1(GetParam().Ending));
+  {
+    QFile file(name);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("old");
+  }
+  QTemporaryDir empty;
+  InFolder here(empty.path());
+  p.files.names = {name, std::nullopt};
+  p.boxes.answers = {Box::Answer::No};
+  Button(p)->click();
+  EXPECT_EQ(p.files.shown.size(), 2u);
+  EXPECT_EQ(p.boxes.boxes.size(), 1u);
+  EXPECT_EQ(Head(name, 3), "old");
+}
+
+// The name as typed in the dialog, and the file that is written: the button's ending goes onto a
+// name that has none.
+struct EndingCase {
+  const char* Typed;
+  const char* Written;  // with %1 for the button's ending
+};
+
+TEST_P(SavingTable, ANameWithoutAnEndingGetsTheButtonsOwn) {
+  const SaveCase& c = GetParam();
+  const EndingCase cases[] = {{"graph", "graph.%1"},
+                              {"graph.", "graph.%1"},
+                              {"my.folder/graph", "my.folder/graph.%1"},
+                              {"graph.%1", "graph.%1"},
+                              {"graph.txt", "graph.txt"},
+                              {"GRAPH.%1.old", "GRAPH.%1.old"}};
+  for (const EndingCase& e : cases) {
+    Page p;
+    p.page->StartUp();
+    QTemporaryDir folder;
+    ASSERT_TRUE(QDir(folder.path()).mkdir("my.folder"));
+    const QString ending = QString::fromLatin1(c.Ending);
+    const QString typed = folder.filePath(QString::fromLatin1(e.Typed).arg(ending));
+    const QString written = folder.filePath(QString::fromLatin1(e.Written).arg(ending));
+    p.files.names.push_back(typed);
+    Button(p)->click();
+    EXPECT_TRUE(p.boxes.boxes.empty()) << e.Typed;
+    EXPECT_TRUE(Head(written, 16).startsWith(QByteArray(c.Head))) << e.Typed;
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size() + QDir(folder.filePath("my.folder")).entryList(QDir::Files).size(),
+              1)
+        << e.Typed;
+    EXPECT_TRUE(p.page->lblStatus()->text().contains(QFileInfo(written).fileName())) << e.Typed;
+  }
+}
+
+TEST_P(SavingTable, AnExistingFileIsAskedAboutAlsoWhenItsEndingWasAdded) {
   const SaveCase& c = GetParam();
   Page p;
+  p.page->StartUp();
   QTemporaryDir folder;
-  InFolder here(folder.path());
+  const QString existing = folder.filePath(QStringLiteral("graph.") + QString::fromLatin1(c.Ending));
+  {
+    QFile file(existing);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("old");
+  }
+  p.files.names = {folder.filePath("graph"), folder.filePath("graph")};
+  p.boxes.answers = {Box::Answer::No, Box::Answer::Yes};
   Button(p)->click();
-  ASSERT_EQ(p.boxes.boxes.size(), 1u);
-  EXPECT_EQ(p.boxes.boxes[0].Title, c.Unknown);
+  ASSERT_EQ(p.boxes.boxes.size(), 2u);
+  EXPECT_EQ(p.boxes.boxes[0].Text, "The file is already exist, overwrite?");
+  EXPECT_EQ(p.boxes.boxes[0].Title, c.Overwrite);
+  EXPECT_EQ(p.files.shown.size(), 2u);
+  EXPECT_TRUE(Head(existing, 16).startsWith(QByteArray(c.Head)));
+  EXPECT_FALSE(QFile::exists(folder.filePath("graph")));
 }
 
 TEST_P(SavingTable, AnUnwritableTargetGivesTheErrorAndThenTheStopBox) {
@@ -132,6 +210,23 @@ TEST(pageSaveAsPicture, ThePictureHasThePreviewsSizeAndItsOptions) {
   EXPECT_TRUE(png.hasAlphaChannel());
   EXPECT_EQ(png.pixelColor(2, 2).alpha(), 0);
   EXPECT_EQ(QImageReader(folder.filePath("a.jpg")).size(), QSize(321, 192));
+}
+
+TEST(pageSaveAsPicture, ScreenSizesAreSavedAtTheirSizeFromAnyUnit) {
+  const std::tuple<const char*, const char*, const char*, QSize> cases[] = {
+      {"cm", "50.8", "28.575", QSize(1920, 1080)}, {"inch", "40", "22.5", QSize(3840, 2160)}};
+  for (const auto& [unit, width, height, size] : cases) {
+    Page p;
+    p.Type(p.page->txtWidth(), width, unit);
+    p.Type(p.page->txtHeight(), height, unit);
+    p.page->StartUp();
+    QTemporaryDir folder;
+    const QString name = folder.filePath("screen.png");
+    p.files.names.push_back(name);
+    p.page->btnPNG()->click();
+    EXPECT_EQ(QImageReader(name).size(), size) << unit;
+    EXPECT_TRUE(p.boxes.boxes.empty());
+  }
 }
 
 TEST(pageSaveAsPicture, SvgIsADrawingOfPathsAtThePreviewsSize) {

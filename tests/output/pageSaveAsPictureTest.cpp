@@ -168,27 +168,6 @@ TEST(pageSaveAsPicture, OkAppliesWidthAndHeightInTheirUnits) {
   EXPECT_EQ(p.page->Plot().pos(), QPoint(8, 8));
 }
 
-TEST(pageSaveAsPicture, ExactlyTheLargestSizeIsNeitherAppliedNorRefused) {
-  // A text in some unit that comes to exactly 28347 twips.
-  QString text, unit;
-  for (const char* u : {"inch", "pixle", "cm"}) {
-    const double rate = QString::fromLatin1(u) == u"inch" ? 1440 : QString::fromLatin1(u) == u"pixle" ? 15 : output::kTwipsPerCm;
-    const QString candidate = core::FormatNumber(28347 / rate);
-    if (pageSaveAsPicture::ChangeScale(candidate + QString::fromLatin1(u), "twip") == 28347) {
-      text = candidate, unit = QString::fromLatin1(u);
-      break;
-    }
-  }
-  ASSERT_FALSE(text.isEmpty());
-  Page p;
-  p.Type(p.page->txtWidth(), text, unit);
-  p.Type(p.page->txtHeight(), text, unit);
-  p.page->btnOK()->click();
-  EXPECT_EQ(p.PreviewSize(), QSize(600, 450));
-  EXPECT_TRUE(p.boxes.boxes.empty());
-  EXPECT_EQ(p.page->txtWidth()->text(), text);
-}
-
 TEST(pageSaveAsPicture, AZeroFieldIsIgnoredWithoutAMessage) {
   Page p;
   for (const char* zero : {"0", "", "abc", "0cm", "-0"}) {
@@ -200,55 +179,101 @@ TEST(pageSaveAsPicture, AZeroFieldIsIgnoredWithoutAMessage) {
   EXPECT_TRUE(p.boxes.boxes.empty());
 }
 
-TEST(pageSaveAsPicture, FiftyOneCentimetresGiveTheBoxThenTwentyAndTheHeightAsUsual) {
+// The largest side of a picture, in pixels, and as the page writes it in a field's unit.
+constexpr int kLargest = 16384;
+QString LargestIn(const char* unit) {
+  return core::FormatNumber(pageSaveAsPicture::ChangeScale(core::FormatNumber(kLargest * 15.0) + "twip", unit));
+}
+
+struct SizeCase {
+  const char* Unit;
+  const char* Width;
+  const char* Height;
+  QSize Pixels;
+};
+
+class SizeInEveryUnit : public ::testing::TestWithParam<SizeCase> {};
+
+TEST_P(SizeInEveryUnit, IsAppliedAsTypedAndHoldsAtTheNextVisit) {
+  const SizeCase& c = GetParam();
   Page p;
-  p.Type(p.page->txtWidth(), "51", "cm");
-  p.Type(p.page->txtHeight(), "300", "pixle");
+  p.Type(p.page->txtWidth(), c.Width, c.Unit);
+  p.Type(p.page->txtHeight(), c.Height, c.Unit);
+  p.page->btnOK()->click();
+  EXPECT_TRUE(p.boxes.boxes.empty());
+  EXPECT_EQ(p.PreviewSize(), c.Pixels);
+  EXPECT_EQ(p.page->Plot().size(), c.Pixels);
+  EXPECT_EQ(p.page->txtWidth()->text(), c.Width);
+  EXPECT_EQ(p.page->txtHeight()->text(), c.Height);
+  p.page->StartUp();
+  EXPECT_EQ(p.PreviewSize(), c.Pixels);
+  EXPECT_EQ(p.Preview().Size(), c.Pixels);
+  // Shown in another unit and applied again, the size stays to the pixel.
+  for (const char* unit : {"cm", "inch", "pixle"}) {
+    p.page->cmbScaleWidth()->setCurrentText(unit);
+    p.page->cmbScaleHeight()->setCurrentText(unit);
+    p.page->btnOK()->click();
+    EXPECT_EQ(p.PreviewSize(), c.Pixels) << unit;
+  }
+  EXPECT_TRUE(p.boxes.boxes.empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Sizes, SizeInEveryUnit,
+    ::testing::Values(SizeCase{"pixle", "1920", "1080", {1920, 1080}}, SizeCase{"cm", "50.8", "28.575", {1920, 1080}},
+                      SizeCase{"inch", "20", "11.25", {1920, 1080}}, SizeCase{"pixle", "3840", "2160", {3840, 2160}},
+                      SizeCase{"cm", "101.6", "57.15", {3840, 2160}}, SizeCase{"inch", "40", "22.5", {3840, 2160}},
+                      // What once was the largest is a size like any other now, and past it too.
+                      SizeCase{"cm", "50", "51", {1890, 1928}}, SizeCase{"pixle", "16384", "100", {16384, 100}},
+                      SizeCase{"inch", "1", "170.666666666667", {96, 16384}},
+                      SizeCase{"cm", "433.493766772487", "2", {16384, 76}}),
+    [](const ::testing::TestParamInfo<SizeCase>& test) { return std::to_string(test.index) + "_" + test.param.Unit; });
+
+struct CapCase {
+  const char* Unit;
+  const char* Text;
+  bool Width;
+};
+
+class OverTheLimit : public ::testing::TestWithParam<CapCase> {};
+
+TEST_P(OverTheLimit, IsCappedAtTheLimitWithTheBoxAndKeepsItsUnit) {
+  const CapCase& c = GetParam();
+  Page p;
+  QLineEdit* field = c.Width ? p.page->txtWidth() : p.page->txtHeight();
+  QLineEdit* other = c.Width ? p.page->txtHeight() : p.page->txtWidth();
+  QComboBox* unit = c.Width ? p.page->cmbScaleWidth() : p.page->cmbScaleHeight();
+  p.Type(other, "100", "pixle");
+  p.Type(field, QString::fromLatin1(c.Text), c.Unit);
   p.page->btnOK()->click();
   ASSERT_EQ(p.boxes.boxes.size(), 1u);
-  EXPECT_EQ(p.boxes.boxes[0].Text, "The Largest Width Length is: 50 cm");
-  EXPECT_EQ(p.boxes.boxes[0].Title, "Msg - [0002]");
+  EXPECT_EQ(p.boxes.boxes[0].Text,
+            c.Width ? "The Largest Width Length is: 50 cm" : "The Largest Height Length is: 50 cm");
+  EXPECT_EQ(p.boxes.boxes[0].Title, c.Width ? "Msg - [0002]" : "Msg - [0001]");
   EXPECT_EQ(p.boxes.boxes[0].Kind, Box::Icon::Exclamation);
   EXPECT_EQ(p.boxes.boxes[0].Shown, Box::Buttons::Ok);
-  EXPECT_EQ(p.page->txtWidth()->text(), "20");
-  EXPECT_EQ(p.page->cmbScaleWidth()->currentText(), "cm");
-  EXPECT_EQ(p.PreviewSize(), QSize(PixelsOfCm(20), 300));
-  EXPECT_EQ(p.page->txtHeight()->text(), "300");
+  const QSize capped = c.Width ? QSize(kLargest, 100) : QSize(100, kLargest);
+  EXPECT_EQ(p.PreviewSize(), capped);
+  EXPECT_EQ(unit->currentText(), c.Unit);
+  EXPECT_EQ(field->text(), LargestIn(c.Unit));
+  EXPECT_EQ(other->text(), "100");
+  // The field now holds the limit itself, which is taken without a word.
+  p.page->btnOK()->click();
+  EXPECT_EQ(p.boxes.boxes.size(), 1u);
+  EXPECT_EQ(p.PreviewSize(), capped);
 }
 
-TEST(pageSaveAsPicture, TooLargeInAnotherUnitStillEndsAtTwentyCentimetres) {
-  Page p;
-  p.Type(p.page->txtWidth(), "2000", "pixle");
-  p.Type(p.page->txtHeight(), "60", "inch");
-  p.page->btnOK()->click();
-  ASSERT_EQ(p.boxes.boxes.size(), 2u);
-  EXPECT_EQ(p.boxes.boxes[0].Title, "Msg - [0002]");
-  EXPECT_EQ(p.boxes.boxes[1].Text, "The Largest Height Length is: 50 cm");
-  EXPECT_EQ(p.boxes.boxes[1].Title, "Msg - [0001]");
-  EXPECT_EQ(p.PreviewSize(), QSize(PixelsOfCm(20), PixelsOfCm(20)));
-  EXPECT_EQ(p.page->txtHeight()->text(), "20");
-  EXPECT_EQ(p.page->cmbScaleHeight()->currentText(), "cm");
-}
-
-TEST(pageSaveAsPicture, FiftyCentimetresIsTheLargestPictureAndItIsDrawnAndSaved) {
-  Page p;
-  p.page->StartUp();
-  p.Type(p.page->txtWidth(), "50", "cm");
-  p.Type(p.page->txtHeight(), "50", "cm");
-  p.page->btnOK()->click();
-  EXPECT_TRUE(p.boxes.boxes.empty());
-  EXPECT_EQ(p.PreviewSize(), QSize(1890, 1890));
-  // A unit typed into the field is read as well, but the preview never grows past the largest.
-  p.Type(p.page->txtWidth(), "1000cm", "pixle");
-  p.page->btnOK()->click();
-  EXPECT_EQ(p.PreviewSize(), QSize(1890, 1890));
-  QTemporaryDir folder;
-  const QString name = folder.filePath("large.png");
-  p.files.names.push_back(name);
-  p.page->btnPNG()->click();
-  EXPECT_EQ(QImageReader(name).size(), QSize(1890, 1890));
-  EXPECT_TRUE(p.boxes.boxes.empty());
-}
+INSTANTIATE_TEST_SUITE_P(
+    Sides, OverTheLimit,
+    ::testing::Values(CapCase{"pixle", "16385", true}, CapCase{"pixle", "20000", false}, CapCase{"cm", "434", true},
+                      CapCase{"cm", "1000", false}, CapCase{"inch", "171", true}, CapCase{"inch", "1e300", false},
+                      CapCase{"pixle", "1e308", true},
+                      CapCase{"pixle", "99999999999999999999999999999999999999999", false},
+                      // A unit typed into the field is read too.
+                      CapCase{"pixle", "1000cm", true}),
+    [](const ::testing::TestParamInfo<CapCase>& test) {
+      return std::to_string(test.index) + "_" + test.param.Unit + (test.param.Width ? "_width" : "_height");
+    });
 
 TEST(pageSaveAsPicture, ANegativeOrTinySizeLeavesThePreviewAsItIs) {
   Page p;
@@ -267,11 +292,15 @@ TEST(pageSaveAsPicture, AnyTextInAnyFieldNeverBreaksThePage) {
                            "twip",    "\t7\n",    "20 cm",     "%",      "'",         "\""};
   for (const QString& text : texts) {
     for (const char* unit : {"cm", "pixle", "inch"}) {
-      p.Type(p.page->txtWidth(), text, QString::fromLatin1(unit));
-      p.Type(p.page->txtHeight(), text, QString::fromLatin1(unit));
-      p.page->btnOK()->click();
-      const QSize size = p.PreviewSize();
-      EXPECT_TRUE(size.width() >= 1 && size.width() <= 1890 && size.height() >= 1 && size.height() <= 1890) << text.toStdString();
+      // One side at a time, the other small, so that a capped side makes no giant preview.
+      for (const bool width : {true, false}) {
+        p.Type(width ? p.page->txtWidth() : p.page->txtHeight(), text, QString::fromLatin1(unit));
+        p.Type(width ? p.page->txtHeight() : p.page->txtWidth(), "50", "pixle");
+        p.page->btnOK()->click();
+        const QSize size = p.PreviewSize();
+        EXPECT_TRUE(size.width() >= 1 && size.width() <= kLargest && size.height() >= 1 && size.height() <= kLargest)
+            << text.toStdString();
+      }
     }
     p.page->txtThick()->selectAll();
     TypeKeys(p.page->txtThick(), text);
@@ -288,7 +317,7 @@ TEST(pageSaveAsPicture, StartUpResizesCheaplyThenReplotsAtFullQuality) {
   p.main.Scene().SetXMin(-3), p.main.Scene().SetXMax(4), p.main.Scene().SetYMin(-2), p.main.Scene().SetYMax(5);
   double qualityWhileSizing = -1;
   p.boxes.onShow = [&] { qualityWhileSizing = p.Preview().Quality(); };
-  p.Type(p.page->txtWidth(), "51", "cm");  // a box in step 6 shows the quality of the resizing
+  p.Type(p.page->txtWidth(), "500", "cm");  // a box in step 6 shows the quality of the resizing
   p.page->StartUp();
   EXPECT_EQ(qualityWhileSizing, 1);
   EXPECT_EQ(p.replots, 1);
@@ -302,7 +331,7 @@ TEST(pageSaveAsPicture, StartUpResizesCheaplyThenReplotsAtFullQuality) {
   EXPECT_EQ(p.page->PB()->value(), 100);
   // The frame and the separator follow the preview.
   const QSize size = p.PreviewSize();
-  EXPECT_EQ(size, QSize(PixelsOfCm(20), 450));
+  EXPECT_EQ(size, QSize(16384, 450));
   EXPECT_EQ(p.page->grpPreview()->size(), size + QSize(16, 16));
   EXPECT_EQ(p.page->backSep1()->maximumHeight(), size.height());
   EXPECT_EQ(p.Preview().Size(), size);
@@ -454,6 +483,61 @@ TEST(pageSaveAsPicture, ATypedThicknessIsKeptInRangeButDoesNotReachThePreview) {
     EXPECT_EQ(p.Preview().Thickness(), 4) << typed;
   }
 }
+
+// How the user may set the thickness on the page, and what the field and the preview then hold,
+// from a main plot at 5.
+struct ThicknessCase {
+  const char* Name;
+  std::function<void(Page&)> Set;
+  const char* Field;
+  double Preview;
+  bool Chosen;
+};
+
+class ThicknessAtOpening : public ::testing::TestWithParam<ThicknessCase> {};
+
+TEST_P(ThicknessAtOpening, FollowsTheMainPlotUntilTheUserSetsOne) {
+  const ThicknessCase& c = GetParam();
+  Page p;
+  p.main.Scene().SetThickness(5);  // the ribbon changed it after the page was made
+  p.page->StartUp();
+  EXPECT_EQ(p.page->txtThick()->text(), "5");
+  EXPECT_EQ(p.Preview().Thickness(), 5);
+  c.Set(p);
+  EXPECT_EQ(p.page->txtThick()->text(), c.Field);
+  EXPECT_EQ(p.Preview().Thickness(), c.Preview);
+  p.main.Scene().SetThickness(8);
+  p.page->StartUp();
+  EXPECT_EQ(p.page->txtThick()->text(), c.Chosen ? c.Field : "8");
+  EXPECT_EQ(p.Preview().Thickness(), c.Chosen ? c.Preview : 8);
+  EXPECT_EQ(p.main.Scene().Thickness(), 8);
+  p.main.Scene().SetThickness(3);
+  p.page->StartUp();
+  EXPECT_EQ(p.page->txtThick()->text(), c.Chosen ? c.Field : "3");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Ways, ThicknessAtOpening,
+    ::testing::Values(
+        ThicknessCase{"Untouched", [](Page&) {}, "5", 5, false},
+        ThicknessCase{"ArrowUp", [](Page& p) { p.page->updownTickUp()->click(); }, "6", 6, true},
+        ThicknessCase{"ArrowDown", [](Page& p) { p.page->updownTickDown()->click(); }, "4", 4, true},
+        ThicknessCase{"KeyDown", [](Page& p) { QTest::keyClick(p.page->txtThick(), Qt::Key_Down); }, "4", 4, true},
+        // A typed number stays in the field, though only the arrows hand it to the preview.
+        ThicknessCase{"Typed",
+                      [](Page& p) {
+                        p.page->txtThick()->selectAll();
+                        QTest::keyClicks(p.page->txtThick(), QStringLiteral("7"));
+                      },
+                      "7", 5, true},
+        // A number out of range gives way to the preview's, and sets nothing.
+        ThicknessCase{"TypedOutOfRange",
+                      [](Page& p) {
+                        p.page->txtThick()->selectAll();
+                        QTest::keyClicks(p.page->txtThick(), QStringLiteral("12"));
+                      },
+                      "5", 5, false}),
+    [](const ::testing::TestParamInfo<ThicknessCase>& test) { return std::string(test.param.Name); });
 
 TEST(pageSaveAsPicture, ReplotRedrawsThePreviewOnly) {
   Page p;
