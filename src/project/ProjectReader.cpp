@@ -1,5 +1,6 @@
 #include "ProjectReader.h"
 
+#include "MemoryProjectForm.h"
 #include "ProjectFile.h"
 
 #include "core/NumberText.h"
@@ -106,8 +107,9 @@ void ProjectReader::BuildActions() {
       {QStringLiteral("[3D][Polar]"), text("mth_3D_Polar")},
       {QStringLiteral("[3D][Para][X]"), text("mth_3D_Para_x")},
       {QStringLiteral("[3D][Para][Y]"), text("mth_3D_Para_y")},
-      // The writer's "[3D][Para][Z]" is no key here: a file that the program wrote does not
-      // bring the z component back, and one that spells it so does.
+      // The z component under the writer's key, and under the misspelt one that older files
+      // may carry.
+      {QStringLiteral("[3D][Para][Z]"), text("mth_3D_Para_z")},
       {QStringLiteral("[3D][Prar][Z]"), text("mth_3D_Para_z")},
       {QStringLiteral("[3D][zMin]"), strict("Plot3D.ZMin")},
       {QStringLiteral("[3D][zMax]"), strict("Plot3D.ZMax")},
@@ -126,26 +128,57 @@ void ProjectReader::BuildActions() {
   };
 }
 
-void ProjectReader::LoadProject(const QString& path) {
+bool ProjectReader::LoadProject(const QString& path) {
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly)) {
     Fail(QFileInfo::exists(path) ? QStringLiteral("Path/File access error") : QStringLiteral("File not found"));
-    return;
+    return false;
   }
-  LoadBytes(file.read(kMaxFileSize));
+  return LoadBytes(file.read(kMaxFileSize), QFileInfo(path).fileName());
 }
 
-void ProjectReader::LoadBytes(const QByteArray& bytes) {
+bool ProjectReader::LoadBytes(const QByteArray& bytes, const QString& fileName) {
+  const QStringList lines = ProjectFile::Lines(ProjectFile::Decode(bytes));
+  if (!IsProject(lines)) {
+    NotAProject(fileName);
+    return false;
+  }
+  // The rehearsal: the same steps over a form in memory, where every failure of the file shows.
+  MemoryProjectForm rehearsal;
+  try {
+    core::SharedState scratch;
+    ProjectReader(rehearsal, scratch, m_boxes).Read(lines);
+  } catch (const core::RuntimeError& error) {
+    Fail(error.Description());
+    return false;
+  }
   struct Loading {
     ProjectForm& Form;
     explicit Loading(ProjectForm& form) : Form(form) { Form.BeginLoad(); }
     ~Loading() { Form.EndLoad(); }
   } loading(m_form);
   try {
-    Read(ProjectFile::Lines(ProjectFile::Decode(bytes)));
+    Read(lines);
   } catch (const core::RuntimeError& error) {
+    // Not reached for a file that the rehearsal read; kept so that a form of its own that fails
+    // is told as the file's failure.
     Fail(error.Description());
+    return false;
   }
+  return true;
+}
+
+bool ProjectReader::IsProject(const QStringList& lines) const {
+  bool empty = true;
+  for (const QString& line : lines) {
+    if (line.trimmed().isEmpty()) continue;
+    empty = false;
+    if (line.contains(u"{</[File] <Start>}") || line.contains(u"Quillograph Project File.")) return true;
+    if (core::Left(line, 6) == u"[Note]" || core::Left(line, 10) == u"[Function]") return true;
+    const int equals = core::InStr(line, QStringLiteral("="));
+    if (equals > 0 && m_actions.contains(core::Left(line, equals - 1))) return true;
+  }
+  return empty;
 }
 
 void ProjectReader::Read(const QStringList& lines) {
@@ -211,6 +244,13 @@ void ProjectReader::NoteBlock(const QStringList& lines, qsizetype& at) {
   }
   RequireRow(m_form, index);
   m_form.SetRowNote(index, note);
+}
+
+void ProjectReader::NotAProject(const QString& fileName) {
+  const QString name = fileName.isEmpty() ? QStringLiteral("The file") : u'"' + fileName + u'"';
+  m_boxes.Show(name + QStringLiteral(" is not a Quillograph project: it was not opened, and nothing was changed."),
+               platform::MessageBoxes::Buttons::Ok, platform::MessageBoxes::Icon::Exclamation,
+               QStringLiteral("Open - [Err-0017]"));
 }
 
 void ProjectReader::Fail(const QString& description) {

@@ -140,7 +140,7 @@ QString ProjectWriter::Compose(const ProjectForm& form) {
   return t.Result();
 }
 
-void ProjectWriter::SaveProject(const QString& path) {
+bool ProjectWriter::SaveProject(const QString& path) {
   QString text;
   try {
     text = Compose(m_form);
@@ -151,10 +151,11 @@ void ProjectWriter::SaveProject(const QString& path) {
   m_state.ProjectChanged = false;
   m_form.SetProjectChanged(false);
   QString error;
-  if (!WriteFile(path, ProjectFile::Encode(u'"' + text + QStringLiteral("\"\r\n")), error)) Fail(path, error);
+  if (!WriteFile(path, ProjectFile::Encode(u'"' + text + QStringLiteral("\"\r\n")), error)) return Fail(path, error);
+  return true;
 }
 
-void ProjectWriter::Fail(const QString& path, const QString& description) {
+bool ProjectWriter::Fail(const QString& path, const QString& description) {
   using Box = platform::MessageBoxes;
   if (!description.isEmpty() && description != u"Cancel was selected.") {
     m_boxes.Show(description, Box::Buttons::Ok, Box::Icon::Exclamation, QStringLiteral("Err-[0010]"));
@@ -163,6 +164,7 @@ void ProjectWriter::Fail(const QString& path, const QString& description) {
     m_boxes.Show(QStringLiteral("Could not save the file."), Box::Buttons::Ok, Box::Icon::Critical,
                  QStringLiteral("Err-[0011]"));
   }
+  return false;
 }
 
 }  // namespace project

@@ -21,14 +21,15 @@ public:
 
   // The file's text, from its first line break to the end marker's.
   static QString Compose(const ProjectForm& form);
-  void SaveProject(const QString& path);
+  // Whether the file now holds the project; on false a box has said why.
+  bool SaveProject(const QString& path);
 
   // Writes the bytes in place of the file; false with the system's reason when it cannot. Tests
   // put a failing disk here.
   std::function<bool(const QString& path, const QByteArray& bytes, QString& error)> WriteFile;
 
 private:
-  void Fail(const QString& path, const QString& description);
+  bool Fail(const QString& path, const QString& description);
 
   ProjectForm& m_form;
   core::SharedState& m_state;
