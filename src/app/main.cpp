@@ -54,7 +54,12 @@ int main(int argc, char** argv) {
     form->show();
   };
   hooks.LoadProject = [&](const QString& path) {
-    if (form) form->LoadProject(path);
+    // A file that is no project, or fails, is not the project's file: a later Save must not
+    // write over it.
+    if (form && !form->LoadProject(path)) {
+      state.ProjectPath.clear();
+      form->UpdateTitle();
+    }
   };
   core::Main(state, settings, core::CommandLineOf(QApplication::arguments()), hooks);
   return QApplication::exec();

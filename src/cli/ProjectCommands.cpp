@@ -111,7 +111,8 @@ int RunRender(const QStringList& arguments, Streams streams) {
   }
   if (files.size() != 2) return Usage(streams.Err, QStringLiteral("render wants a project and a picture file"));
   FreshForm fresh(streams.Err);
-  fresh.form->LoadProject(files[0]);
+  // A file that was not read has been told on standard error; nothing is drawn from it.
+  if (!fresh.form->LoadProject(files[0])) return 1;
   try {
     if (fresh.form->tabInput()->currentIndex() == 3) {
       plot3d::Plot3D& scene = fresh.form->Plot3D().Scene();
@@ -137,7 +138,7 @@ int RunRender(const QStringList& arguments, Streams streams) {
 int RunResave(const QStringList& arguments, Streams streams) {
   if (arguments.size() != 2) return Usage(streams.Err, QStringLiteral("resave wants a project and a new file"));
   FreshForm fresh(streams.Err);
-  fresh.form->LoadProject(arguments[0]);
+  if (!fresh.form->LoadProject(arguments[0])) return 1;
   fresh.form->SaveProject(arguments[1]);
   return fresh.boxes.shown ? 1 : 0;
 }

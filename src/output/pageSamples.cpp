@@ -89,15 +89,18 @@ pageSamples::pageSamples(core::SharedState& state, platform::MessageBoxes& boxes
 
 void pageSamples::btnSample_Click(int index) {
   if (index < 0 || index >= SampleCount()) return;
+  if (MayReplace && !MayReplace()) return;
   // The moving bar: work without a measure of how far it is.
   m_pb->setRange(0, 0);
   PlaceProgress();
   m_pb->show();
   m_pb->raise();
   QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-  if (LoadProject) LoadProject(SampleFile(kSamples[static_cast<std::size_t>(index)].Tag, ".qlfn"));
+  const bool loaded = !LoadProject || LoadProject(SampleFile(kSamples[static_cast<std::size_t>(index)].Tag, ".qlfn"));
   m_pb->setRange(0, 100);
   m_pb->hide();
+  // A sample that could not be read has said why and left the open project as it was.
+  if (!loaded) return;
   if (isVisible()) {
     m_boxes.Show(QStringLiteral("Sample loaded, go back to the main form."), platform::MessageBoxes::Buttons::Ok,
                  platform::MessageBoxes::Icon::Information, QStringLiteral("Sample Loaded - [Info-0003]"));

@@ -40,8 +40,10 @@ public:
   // the box empties.
   void btnSample_MouseMove(int index, QPoint position);
 
-  // Reads a project into the main window (the project reader).
-  std::function<void(const QString& path)> LoadProject;
+  // Whether the open project may give way to a sample (its unsaved changes were asked about).
+  std::function<bool()> MayReplace;
+  // Reads a project into the main window (the project reader); whether it was read.
+  std::function<bool(const QString& path)> LoadProject;
   // After a sample is in: the window's title follows the unnamed project.
   std::function<void()> Loaded;
 

@@ -238,13 +238,19 @@ void FunctionList::RemoveFunction(int Index, bool Replot) {
     }
     Refresh_mth_Height(false);
     core::SetTag(row.mthFunction, QString());
+    emit RowsRenumbered({-1});
+    emit Changed();
     return;
   }
+  QList<int> renumbered;
+  for (int i = 0; i <= HighestIndex(); ++i) renumbered.push_back(i < Index ? i : i == Index ? -1 : i - 1);
   if (Index == HighestIndex()) {
     core::SetTag(Row(Index).mthFunction, core::kQuiet);
     RowBuilder::Destroy(m_rows.back());
     m_rows.pop_back();
     Refresh_mth_Height(false);
+    emit RowsRenumbered(renumbered);
+    emit Changed();
     return;
   }
   const std::vector<RowContents> saved = CopyRows();
@@ -255,6 +261,8 @@ void FunctionList::RemoveFunction(int Index, bool Replot) {
   // moves nothing.
   for (int i = HighestIndex(); i >= Index && i >= 0; --i) SetContents(i, saved[static_cast<std::size_t>(i + 1)]);
   Refresh_mth_Height(false);
+  emit RowsRenumbered(renumbered);
+  emit Changed();
   if (Replot) emit ReplotRequested(true);
 }
 
@@ -267,7 +275,11 @@ void FunctionList::MoveFunctionTo(int Index, int Target) {
   Refresh_mth_Height(false);
   emit CloseInsertRequested();
   emit RowsRearranged();
+  QList<int> renumbered;
+  for (int i = 0; i <= HighestIndex(); ++i) renumbered.push_back(i == Index ? Target : i == Target ? Index : i);
+  emit RowsRenumbered(renumbered);
   emit ReplotRequested(false);
+  emit Changed();
 }
 
 void FunctionList::ClearAllFunctions() {
@@ -301,8 +313,9 @@ void FunctionList::Refresh_mth_Height(bool ScrollToEnd) {
     core::SetTag(row.mthFunction, core::kQuiet);
     row.mthFunction->setVisible(row.rchfunNote->isHidden());
     RowBuilder::FixEditorWidth(row);
+    // The note's caret and selection stay where the user left them: a note left wholly selected
+    // would be replaced by the next key pressed.
     row.rchfunNote->setGeometry(row.mthFunction->x(), row.mthFunction->y(), Px(kEditorWidth), row.mthFunction->height());
-    row.rchfunNote->selectAll();
     if (i != 0) row.Top = Row(i - 1).Top + Row(i - 1).Height;
     core::SetTag(row.mthFunction, QString());
     for (QFrame* line : {row.ActiveLine_UP, row.ActiveLine_Down, row.ActiveLine_Left, row.ActiveLine_Right}) {

@@ -71,6 +71,9 @@ signals:
   void CloseInsertRequested();
   // Rows were exchanged or removed: an index held elsewhere may now name another row.
   void RowsRearranged();
+  // After a removal, a move or Clear all: where each row that was there before now stands, by its
+  // old index (-1 where it is gone), so that a dialog on a row can follow it.
+  void RowsRenumbered(const QList<int>& newIndexOfOld);
   // A click on btnMore(row), and a right-button release on a note.
   void MoreRequested(int row);
   void NoteMenuRequested(int row, QPoint globalPosition);

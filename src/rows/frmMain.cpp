@@ -90,8 +90,9 @@ frmMain::frmMain(core::SharedState& state, const MainServices& services, QWidget
   m_insertTarget = std::make_unique<FormInsertTarget>(*this);
   m_project = std::make_unique<FormProject>(*this);
   m_files = std::make_unique<FileCommands>(
-      m_state, m_services.Boxes, m_services.Files, [this](const QString& path) { SaveProject(path); },
-      [this](const QString& path) { LoadProject(path); });
+      m_state, m_services.Boxes, m_services.Files, [this](const QString& path) { return SaveProject(path); },
+      [this](const QString& path) { return LoadProject(path); });
+  m_files->RefreshChanged = [this] { RefreshProjectChanged(); };
   m_rowMenu = std::make_unique<RowMenu>(m_commandBars, Functions());
   m_rowCommands = std::make_unique<RowCommands>(Functions(), *m_rowMenu, m_services.Colors, m_services.Desktop);
   m_dispatch = std::make_unique<CommandDispatch>(*this, m_services, *m_rowCommands);
@@ -112,6 +113,31 @@ frmMain::~frmMain() {
   // The widgets go before the script engine and the driver that their handlers use.
   delete m_panes;
   delete takeCentralWidget();
+}
+
+// A change may come from anywhere the writer reads: rows, pages, the plot's view, the ribbon.
+// Each of those paths ends in an input event or one of these signals, and the comparison runs once
+// after them, when the change is complete.
+void frmMain::WatchChanges() {
+  m_changeCheck.setSingleShot(true);
+  m_changeCheck.setInterval(0);
+  connect(&m_changeCheck, &QTimer::timeout, this, &frmMain::RefreshProjectChanged);
+  connect(&Functions(), &FunctionList::Changed, this, &frmMain::ProjectChanged);
+  connect(this, &frmMain::Replotted, this, &frmMain::CheckChanged);
+  connect(m_plot, &plot2d::PlotWidget::SettingsChanged, this, &frmMain::CheckChanged);
+  connect(&m_commandBars, &ribbon::CommandBars::Executed, this, &frmMain::CheckChanged);
+  connect(m_panes, &interaction::StatusPanes::SliderChanged, this, &frmMain::CheckChanged);
+  qApp->installEventFilter(this);
+}
+
+bool frmMain::eventFilter(QObject* watched, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::MouseButtonRelease:
+    case QEvent::KeyRelease:
+    case QEvent::Wheel: CheckChanged(); break;
+    default: break;
+  }
+  return QMainWindow::eventFilter(watched, event);
 }
 
 void frmMain::WireParts() {
@@ -166,6 +192,7 @@ void frmMain::WireParts() {
     const QWidget* view = m_ribbon->WidgetFor(id);
     return view ? view->mapToGlobal(QPoint(0, 0)) : mapToGlobal(QPoint(0, 0));
   };
+  WatchChanges();
   m_resizeSettled.setSingleShot(true);
   m_resizeSettled.setInterval(200);
   connect(&m_resizeSettled, &QTimer::timeout, this, [this] {
@@ -174,6 +201,7 @@ void frmMain::WireParts() {
 }
 
 FunctionList& frmMain::Functions() { return m_tabs->Functions(); }
+project::ProjectForm& frmMain::ProjectInterface() { return *m_project; }
 QTabWidget* frmMain::tabInput() const { return m_tabs; }
 QLineEdit* frmMain::mnu_Integral_min() const { return m_tabs->mnu_Integral_min(); }
 QLineEdit* frmMain::mnu_Integral_max() const { return m_tabs->mnu_Integral_max(); }
@@ -201,7 +229,7 @@ void frmMain::Form_Load() {
   ToolTipReNew();
   Refresh_mth_Height(false);
   m_state.ProjectChanged = false;
-  UpdateTitle();
+  MarkSaved();
 }
 
 void frmMain::StartRibbon() {
@@ -252,8 +280,9 @@ void frmMain::CreateFileMenu() {
   info->ShowContact = [this] { ShowContact(); };
   m_backstage->AddPage(10010, QStringLiteral("&Info"), info, QStringLiteral("help-about"));
   m_samples = new output::pageSamples(m_state, m_services.Boxes);
-  m_samples->LoadProject = [this](const QString& path) { LoadProject(path); };
-  m_samples->Loaded = [this] { UpdateTitle(); };
+  m_samples->MayReplace = [this] { return m_files->MayReplace(); };
+  m_samples->LoadProject = [this](const QString& path) { return LoadProject(path); };
+  m_samples->Loaded = [this] { MarkSaved(); };
   m_backstage->AddPage(10012, QStringLiteral("&Samples"), m_samples, QStringLiteral("folder-documents"));
   m_backstage->AddPage(10014, QStringLiteral("Support Us"),
                        new output::RichTextPage(QStringLiteral("pageSupportUs"), QStringLiteral("rchSupportUs"),
@@ -348,17 +377,20 @@ void frmMain::Replot(bool with3D) {
   emit Replotted();
 }
 
-void frmMain::SaveProject(const QString& path) {
-  project::ProjectWriter(*m_project, m_state, m_services.Boxes).SaveProject(path);
-  UpdateTitle();
+bool frmMain::SaveProject(const QString& path) {
+  const bool saved = project::ProjectWriter(*m_project, m_state, m_services.Boxes).SaveProject(path);
+  // The file holds the old bytes when the save failed: the changes are still unsaved.
+  if (saved) MarkSaved();
+  else RefreshProjectChanged();
+  return saved;
 }
 
-void frmMain::LoadProject(const QString& path) {
-  CloseInsert();
-  project::ProjectReader(*m_project, m_state, m_services.Boxes).LoadProject(path);
+bool frmMain::LoadProject(const QString& path) {
+  if (!project::ProjectReader(*m_project, m_state, m_services.Boxes).LoadProject(path)) return false;
   m_panes->Sync();
   MirrorSliders();
-  UpdateTitle();
+  MarkSaved();
+  return true;
 }
 
 void frmMain::SaveThisFile() {
@@ -387,17 +419,43 @@ void frmMain::Refresh_mth_Height(bool scrollToEnd) { Functions().Refresh_mth_Hei
 
 void frmMain::AddFunction(bool showNote) { Functions().AddFunction(showNote); }
 
+// A control's change handler: the project is marked at once, as the handler always did, and
+// the comparison with the file follows (a change typed back to what was saved clears it).
 void frmMain::ProjectChanged() {
   m_state.ProjectChanged = true;
+  UpdateTitle();
+  CheckChanged();
+}
+
+void frmMain::CheckChanged() { m_changeCheck.start(); }
+
+bool frmMain::RefreshProjectChanged() {
+  m_changeCheck.stop();
+  try {
+    m_state.ProjectChanged = project::ProjectWriter::Compose(*m_project) != m_savedText;
+  } catch (const core::RuntimeError&) {
+    // What the writer cannot write (a value beyond its kind) cannot be the saved project.
+    m_state.ProjectChanged = true;
+  }
+  UpdateTitle();
+  return m_state.ProjectChanged;
+}
+
+void frmMain::MarkSaved() {
+  m_changeCheck.stop();
+  try {
+    m_savedText = project::ProjectWriter::Compose(*m_project);
+  } catch (const core::RuntimeError&) {
+    m_savedText.clear();
+  }
+  m_state.ProjectChanged = false;
   UpdateTitle();
 }
 
 void frmMain::UpdateTitle() {
   QString title = QStringLiteral("Quillograph");
-  if (!m_state.ProjectPath.isEmpty()) {
-    title += QStringLiteral(" - ") + QFileInfo(m_state.ProjectPath).fileName();
-    if (m_state.ProjectChanged) title += u'*';
-  }
+  if (!m_state.ProjectPath.isEmpty()) title += QStringLiteral(" - ") + QFileInfo(m_state.ProjectPath).fileName();
+  if (m_state.ProjectChanged) title += u'*';
   setWindowTitle(title);
 }
 

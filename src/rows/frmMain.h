@@ -31,6 +31,9 @@ namespace interaction {
 class PlotButtons;
 class StatusPanes;
 }
+namespace project {
+class ProjectForm;
+}
 namespace ribbon {
 class Backstage;
 class RibbonBar;
@@ -65,11 +68,14 @@ public:
   void ReplotInto(plotcompiler::PlotControl& plot, plotcompiler::Plot3DControl* plot3d);
   void Refresh_mth_Height(bool scrollToEnd);
   // The project files: the writer and the reader on this form, and the commands with dialogs.
-  void SaveProject(const QString& path);
-  void LoadProject(const QString& path);
+  // Whether the file holds the project now / whether the project was read (else it is as it was).
+  bool SaveProject(const QString& path);
+  bool LoadProject(const QString& path);
   void SaveThisFile();
   void OpenThisFile();
   FileCommands& Files() { return *m_files; }
+  // The form as the project reader and writer see it.
+  project::ProjectForm& ProjectInterface();
   void AddFunction(bool showNote);
 
   // The insert dialog for the editor that InsertSource and InsertIndex name; closing it.
@@ -97,6 +103,11 @@ public:
   void Change3D(bool enable);
   // The window's title: the program's name and the project's file, "*" while it has changes.
   void UpdateTitle();
+  // ProjectChanged as it is now: whether saving would write other bytes than the project's file
+  // holds (for a project without a file, than the one the window started with or last read).
+  bool RefreshProjectChanged();
+  // The project as it is now is the one its file holds (after a save, a load, a sample).
+  void MarkSaved();
 
   core::SharedState& State() { return m_state; }
   InputTabs& Tabs() { return *m_tabs; }
@@ -134,10 +145,13 @@ private:
   void Form_Resize();
   void tabInput_Click(int index);
   void WireParts();
+  void WatchChanges();
   void StartRibbon();
   void MirrorSliders();
   void CreateFileMenu();
   void ProjectChanged();
+  void CheckChanged();
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void ApplyZoom(const QString& text);
 
   core::SharedState& m_state;
@@ -171,6 +185,8 @@ private:
   bool m_prepared3D = false;
   int m_prepare3DCalls = 0;
   QTimer m_resizeSettled;  // a full-quality picture once the window has stopped changing size
+  QTimer m_changeCheck;    // ProjectChanged worked out again once the events of a change are done
+  QString m_savedText;     // what the writer wrote or the reader read last, or the fresh project
 };
 
 }  // namespace rows

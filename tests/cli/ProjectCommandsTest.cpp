@@ -70,7 +70,20 @@ TEST(RenderCommand, EveryBoxIsALineAndMakesTheExitOne) {
   const CliResult r = RunCli({"render", broken, dir.filePath("b.png")});
   EXPECT_EQ(r.Code, 1);
   EXPECT_EQ(r.Err, "Err-[0014]: Type mismatch\n");
-  EXPECT_TRUE(QFile::exists(dir.filePath("b.png")));
+  EXPECT_FALSE(QFile::exists(dir.filePath("b.png"))) << "a file that fails draws nothing";
+}
+
+TEST(RenderCommand, AFileThatIsNoProjectIsRefused) {
+  QTemporaryDir dir;
+  const QString picture = WriteFile(dir, "photo.jpg", QByteArray("\xff\xd8\xff\xe0\0\x10JFIF", 10));
+  const CliResult render = RunCli({"render", picture, dir.filePath("out.png")});
+  EXPECT_EQ(render.Code, 1);
+  EXPECT_TRUE(render.Err.startsWith("Open - [Err-0017]: \"photo.jpg\" is not a Quillograph project")) << render.Err.toStdString();
+  EXPECT_FALSE(QFile::exists(dir.filePath("out.png")));
+  const CliResult resave = RunCli({"resave", picture, dir.filePath("out.qlp")});
+  EXPECT_EQ(resave.Code, 1);
+  EXPECT_TRUE(resave.Err.startsWith("Open - [Err-0017]: "));
+  EXPECT_FALSE(QFile::exists(dir.filePath("out.qlp")));
 }
 
 TEST(RenderCommand, UsageErrors) {

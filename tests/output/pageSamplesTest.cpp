@@ -29,6 +29,7 @@ struct Page {
     page->LoadProject = [this](const QString& path) {
       loaded.push_back(path);
       state.ProjectChanged = true;  // what reading a project leaves behind
+      return true;
     };
     page->resize(900, 600);
   }
@@ -168,6 +169,7 @@ TEST(pageSamples, TheProgressBarMovesWhileTheSampleLoads) {
   p->LoadProject = [&](const QString&) {
     visible = p->PB()->isVisible();
     maximum = p->PB()->maximum();
+    return true;
   };
   p->btnSample(0)->click();
   EXPECT_TRUE(visible);

@@ -256,7 +256,7 @@ TEST(Commands, SaveSaveAsAndOpen) {
   w.state.ProjectChanged = false;
   w.Run(57603);
   EXPECT_FALSE(QFile::exists(w.state.ProjectPath)) << "a file and no changes: nothing";
-  w.state.ProjectChanged = true;
+  w.Rows().Row(0).mthFunction->SetText("y=x");
   w.Run(57603);
   EXPECT_TRUE(QFile::exists(w.state.ProjectPath));
   for (int id : {57607, 57665, 9604}) w.Run(id);

@@ -218,7 +218,7 @@ TEST(FunctionList, ClearAllAsksAndLeavesOneEmptyRow) {
   EXPECT_EQ(f.Color(0), 255);
   EXPECT_EQ(f.Attributes(0), kDefault);
   EXPECT_EQ(replot.count(), 1);
-  EXPECT_EQ(changed.count(), 0);
+  EXPECT_GT(changed.count(), 0) << "the rows that were there are a change to save";
   EXPECT_EQ(f.list.scrlFunctions()->value(), 0);
 }
 

@@ -129,7 +129,7 @@ TEST(ProjectForm, EveryControlComesBack) {
   EXPECT_EQ(core::Tag(b.Tabs().Parametric().mthParametricX()), "\"");
   EXPECT_EQ(b.Tabs().Surface().Text("mth_3D_Function"), "z=sin(x)");
   EXPECT_EQ(b.Tabs().Surface().Text("mth_3D_Para_y"), "v");
-  EXPECT_EQ(b.Tabs().Surface().Text("mth_3D_Para_z"), "kept");
+  EXPECT_EQ(b.Tabs().Surface().Text("mth_3D_Para_z"), "u+v") << "the z field comes back under the writer's key";
   EXPECT_EQ(b.Tabs().Surface().cmb3DGrid()->currentText(), "Grid: 150x150");
   EXPECT_EQ(b.Tabs().Surface().txt3DZoom()->text(), "1.5");
   EXPECT_EQ(b.Tabs().Surface().Tab_3D()->currentIndex(), 1);
@@ -193,12 +193,11 @@ TEST(ProjectForm, SaveWithAFileAndNoChangesDoesNothing) {
   Form f;
   QTemporaryDir dir;
   f.state.ProjectPath = dir.filePath("none.qlp");
-  f.state.ProjectChanged = false;
   f->Files().Save();
   EXPECT_TRUE(f.files.shown.empty());
   EXPECT_TRUE(f.boxes.boxes.empty());
   EXPECT_FALSE(QFile::exists(f.state.ProjectPath));
-  f.state.ProjectChanged = true;
+  f->Functions().Row(0).mthFunction->SetText("y=x");
   f->Files().Save();
   EXPECT_TRUE(QFile::exists(f.state.ProjectPath));
   EXPECT_FALSE(f.state.ProjectChanged);
@@ -255,7 +254,7 @@ TEST(ProjectForm, TheOverwriteQuestion) {
   EXPECT_EQ(f.state.ProjectPath, existing);
 }
 
-TEST(ProjectForm, OpeningTakesTheNameEvenWhenTheLoadFails) {
+TEST(ProjectForm, OpeningAFileThatFailsKeepsTheProjectAndItsName) {
   Form f;
   QTemporaryDir dir;
   const QString broken = dir.filePath("broken.qlp");
@@ -271,12 +270,12 @@ TEST(ProjectForm, OpeningTakesTheNameEvenWhenTheLoadFails) {
                                      "|*.qlp|QLFN Project File(*.QlFn) |*.qlfn|Function File(*.Fun) |*.fun|Text "
                                      "files(*.txt)|*.txt| All files(*.*)| *.*");
   EXPECT_FALSE(f.files.shown[0].Save);
-  EXPECT_EQ(f.state.ProjectPath, broken);
+  EXPECT_EQ(f.state.ProjectPath, "") << "a later Save must not write over a file that was not read";
   ASSERT_EQ(f.boxes.boxes.size(), 1u);
   EXPECT_EQ(f.boxes.boxes[0].Title, "Err-[0014]");
   // A cancelled dialog changes nothing.
   f->OpenThisFile();
-  EXPECT_EQ(f.state.ProjectPath, broken);
+  EXPECT_EQ(f.state.ProjectPath, "");
 }
 
 TEST(ProjectForm, ClosingAsksOnlyWhenThereAreChanges) {
@@ -309,8 +308,8 @@ TEST(ProjectForm, ClosingAsksOnlyWhenThereAreChanges) {
     f->show();
     f->Functions().Row(0).mthFunction->SetText("y=x");
     f.boxes.answers = {platform::MessageBoxes::Answer::Yes};
-    f.files.names = {std::nullopt};  // Yes without a file, and the dialog cancelled: it closes all the same
-    EXPECT_TRUE(f->close());
+    f.files.names = {std::nullopt};  // Yes without a file, and the dialog cancelled: the window stays
+    EXPECT_FALSE(f->close());
     EXPECT_EQ(f.files.shown.size(), 1u);
   }
   {
@@ -336,7 +335,7 @@ TEST(ProjectForm, EverySampleLoadsWithoutAMessage) {
   }
 }
 
-TEST(ProjectForm, ALoadedListIsLaidOutWhetherTheLoadEndsWellOrNot) {
+TEST(ProjectForm, ALoadedListIsLaidOutAndAFailedOneIsLeftAlone) {
   QTemporaryDir dir;
   for (bool broken : {false, true}) {
     QString text;
@@ -349,8 +348,12 @@ TEST(ProjectForm, ALoadedListIsLaidOutWhetherTheLoadEndsWellOrNot) {
     file.close();
     Form f;
     f->show();
-    f->LoadProject(path);
+    EXPECT_EQ(f->LoadProject(path), !broken);
     rows::FunctionList& list = f->Functions();
+    if (broken) {
+      EXPECT_EQ(list.HighestIndex(), 0) << "a file that fails reaches no row";
+      continue;
+    }
     ASSERT_EQ(list.HighestIndex(), 29);
     for (int i = 1; i <= 29; ++i) {
       EXPECT_EQ(list.Row(i).Top, list.Row(i - 1).Top + list.Row(i - 1).Height) << i;

@@ -150,7 +150,7 @@ TEST(frmMain, CancelWritesNothing) {
   auto& form = f.Form();
   rows::FunctionList& list = form.Functions();
   list.Row(0).mthFunction->SetText("y=x");
-  f.state.ProjectChanged = false;
+  form.MarkSaved();
   QTest::mouseClick(list.Row(0).mthFunction, Qt::LeftButton);
   ASSERT_NE(form.Insert(), nullptr);
   EXPECT_EQ(form.Insert()->mthStandard()->Text(), "y=x");
