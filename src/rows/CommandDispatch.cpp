@@ -6,11 +6,13 @@
 #include "core/NumberText.h"
 #include "core/RuntimeError.h"
 #include "core/Twips.h"
+#include "output/PictureSaving.h"
 #include "platform/DataFolder.h"
 #include "plot2d/PlotWidget.h"
 #include "plot3d/Plot3DWidget.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QTabWidget>
 
 #include <cmath>
@@ -27,13 +29,14 @@ struct PictureCommandKind {
   std::int32_t Id;
   std::int32_t Kind;
   const char* Filter;
+  const char* Ending;  // put onto a name that has none
 };
 
 const PictureCommandKind kPictures[] = {
-    {1024, 1, "PNG File (*.png) | *.png|All Files (*.*)|*.*"},
-    {1025, 2, "JPG File (*.jpg) | *.jpg|All Files (*.*)|*.*"},
-    {1030, 3, "BMP File (*.bmp) | *.bmp|All Files (*.*)|*.*"},
-    {3006, 0, "PNG File (*.png) | *.png|Jpeg file (*.jpg)| *.jpg|Bitmap image (*.bmp)| *.bmp|All Files (*.*)|*.*"},
+    {1024, 1, "PNG File (*.png) | *.png|All Files (*.*)|*.*", "png"},
+    {1025, 2, "JPG File (*.jpg) | *.jpg|All Files (*.*)|*.*", "jpg"},
+    {1030, 3, "BMP File (*.bmp) | *.bmp|All Files (*.*)|*.*", "bmp"},
+    {3006, 0, "PNG File (*.png) | *.png|Jpeg file (*.jpg)| *.jpg|Bitmap image (*.bmp)| *.bmp|All Files (*.*)|*.*", "png"},
 };
 
 // The sibling tools, started from the program's folder.
@@ -85,21 +88,34 @@ bool CommandDispatch::FileCommand(std::int32_t id) {
   }
 }
 
+// The plot as the window shows it, into a file that the user names. A name without an ending gets
+// the kind's; a file that is there is written over only when the user says Yes (No: another name;
+// Cancel: nothing).
 bool CommandDispatch::PictureCommand(std::int32_t id) {
   for (const PictureCommandKind& picture : kPictures) {
     if (picture.Id != id) continue;
-    const auto name = m_services.Files.SaveFileName(QStringLiteral("Save graph as picture..."),
-                                                    QString::fromLatin1(picture.Filter), QString());
-    if (!name) return true;  // cancelled: nothing to say
+    QString name;
+    for (;;) {
+      const auto chosen = m_services.Files.SaveFileName(QStringLiteral("Save graph as picture..."),
+                                                        QString::fromLatin1(picture.Filter), QString());
+      if (!chosen || chosen->isEmpty()) return true;  // cancelled: nothing to say
+      name = output::WithEnding(*chosen, QString::fromLatin1(picture.Ending));
+      if (!QFileInfo(name).isFile()) break;
+      const Box::Answer answer = m_services.Boxes.Show(QStringLiteral("File is already exsit, overwrite the file?"),
+                                                       Box::Buttons::YesNoCancel, Box::Icon::Question,
+                                                       QStringLiteral("Overwrite - [Msg-0003]"));
+      if (answer == Box::Answer::Yes) break;
+      if (answer != Box::Answer::No) return true;
+    }
     std::int32_t kind = picture.Kind;
     if (id == 3006) {
       // By the name's ending, as written: ".PNG" is no ".png", and the kind stays 0.
-      if (name->contains(QStringLiteral(".png"))) kind = 1;
-      else if (name->contains(QStringLiteral(".jpg"))) kind = 2;
-      else if (name->contains(QStringLiteral(".bmp"))) kind = 3;
+      if (name.contains(QStringLiteral(".png"))) kind = 1;
+      else if (name.contains(QStringLiteral(".jpg"))) kind = 2;
+      else if (name.contains(QStringLiteral(".bmp"))) kind = 3;
     }
-    if (m_form.tabInput()->currentIndex() == 3) m_form.Plot3D().Scene().SavePicture(*name, kind);
-    else m_form.Plot().Scene().SavePicture(*name, kind);
+    if (m_form.tabInput()->currentIndex() == 3) m_form.Plot3D().Scene().SavePicture(name, kind);
+    else m_form.Plot().Scene().SavePicture(name, kind);
     return true;
   }
   return false;
