@@ -21,6 +21,9 @@ public:
   // It replots, but leaves the project's changed mark to the caller.
   virtual void MoveFunctionTo(int index, int target) = 0;
   virtual void MarkProjectChanged() = 0;
+  // A new empty row at the end of the list, for points whose own row was removed meanwhile: its
+  // index, or -1 when the list holds no more rows (the list says so itself).
+  virtual int AddRow() = 0;
   // A row dialog has done its work or was cancelled, and the main form takes the focus back
   // (not called when the dialog went because it lost the activation: the focus is elsewhere).
   virtual void FocusAfter(int index) = 0;

@@ -1,10 +1,10 @@
 #include "frmAddPoint.h"
 
 #include "core/NumberText.h"
-#include "core/RuntimeError.h"
 #include "core/Tag.h"
 #include "core/TextFunctions.h"
 #include "core/Twips.h"
+#include "PastedTable.h"
 #include "platform/DataFolder.h"
 
 #include <QApplication>
@@ -22,7 +22,6 @@
 #include <QStyle>
 #include <QToolButton>
 
-#include <array>
 #include <cmath>
 
 namespace dialogs {
@@ -69,62 +68,6 @@ Head HeadOf(const QString& text) {
     if (head.startsWith(QLatin1String(form))) return Head::ThetaR;
   }
   return Head::Other;
-}
-
-bool IsPlainNumber(const QString& text) {
-  try {
-    core::StrictToDouble(text);
-    return true;
-  } catch (const core::RuntimeError&) {
-    return false;
-  }
-}
-
-// The pieces of a text between commas that stand outside any bracket: "max(1,2),3" is two.
-QStringList TopLevelCommaPieces(const QString& text) {
-  QStringList pieces;
-  int depth = 0;
-  qsizetype start = 0;
-  for (qsizetype i = 0; i < text.size(); ++i) {
-    const QChar c = text[i];
-    if (c == u'(' || c == u'[') ++depth;
-    else if ((c == u')' || c == u']') && depth > 0) --depth;
-    else if (c == u',' && depth == 0) {
-      pieces << text.mid(start, i - start);
-      start = i + 1;
-    }
-  }
-  pieces << text.mid(start);
-  return pieces;
-}
-
-// The cells of one pasted line: a spreadsheet's tabs, else semicolons, else commas outside
-// brackets, else blanks between plain numbers ("1  2.5").
-QStringList CellsOf(const QString& line) {
-  QStringList cells;
-  if (line.contains(u'\t')) cells = line.split(u'\t');
-  else if (line.contains(u';')) cells = line.split(u';');
-  else cells = TopLevelCommaPieces(line);
-  if (cells.size() == 1) {
-    const QStringList words = line.split(QRegularExpression(QStringLiteral("\\s+")), Qt::SkipEmptyParts);
-    bool numbers = words.size() >= 2;
-    for (const QString& word : words) numbers = numbers && IsPlainNumber(word);
-    if (numbers) cells = words;
-  }
-  for (QString& cell : cells) cell = cell.trimmed();
-  return cells;
-}
-
-QStringList LinesOf(const QString& text) {
-  return text.split(QRegularExpression(QStringLiteral("\r\n|\r|\n")));
-}
-
-// Whether a pasted text is a table rather than one value: more than one line, or one line of
-// more than one cell.
-bool LooksLikeTable(const QString& text) {
-  const QString body = text.trimmed();
-  if (body.contains(u'\n') || body.contains(u'\r')) return true;
-  return CellsOf(body).size() > 1;
 }
 
 void Repolish(QWidget* widget) {
@@ -209,6 +152,7 @@ frmAddPoint::frmAddPoint(const QString& tag, RowTarget& target, core::SharedStat
   AddNewPoint();  // line 0, there from the start
   Load();
   Refresh_Controls();
+  m_opened = PointList();
 
   // It opens from nothing and grows to its size while it can already be typed into.
   resize(1, 1);
@@ -219,6 +163,63 @@ frmAddPoint::frmAddPoint(const QString& tag, RowTarget& target, core::SharedStat
 frmAddPoint::~frmAddPoint() = default;
 
 int frmAddPoint::Row() const { return static_cast<int>(core::NumericPrefix(core::Tag(this))); }
+
+void frmAddPoint::SetRow(int row) {
+  if (row < 0 || m_unloading) return;
+  // A description not yet computed keeps its rest: only the row in front changes.
+  QStringList pieces = core::Tag(this).split(u';');
+  pieces[0] = QString::number(row);
+  core::SetTag(this, pieces.join(u';'));
+  setWindowTitle(tr("Points of Function %1").arg(row + 1));
+}
+
+void frmAddPoint::RowRemoved() {
+  if (m_unloading || Row() < 0) return;
+  core::SetTag(this, QStringLiteral("-1"));
+  setWindowTitle(tr("Points of a Removed Function"));
+  // Points that were only the row's own went with the row; what was typed or computed here, the
+  // user decides on.
+  bool drop = !Edited();
+  if (!drop) {
+    const auto answer = m_boxes.Show(QStringLiteral("The function of these points was removed. Drop the points?"),
+                                     platform::MessageBoxes::Buttons::YesNo, platform::MessageBoxes::Icon::Question,
+                                     QStringLiteral("Removed Function - [Msg-0032]"));
+    drop = answer == platform::MessageBoxes::Answer::Yes;
+  }
+  if (drop) {
+    Unload();
+    return;
+  }
+  SetHint(QString(), true);
+}
+
+QString frmAddPoint::PointList() const {
+  QString text = m_cmbPointGrid->currentText() == kPolar ? QStringLiteral("[r,q..symb") : QStringLiteral("[x,y");
+  for (int i = 0; i < PointCount(); ++i) {
+    if (!Filled(i)) continue;
+    text += u';' + m_lines[std::size_t(i)].X->text().trimmed() + u',' + m_lines[std::size_t(i)].Y->text().trimmed();
+  }
+  return text + u']';
+}
+
+bool frmAddPoint::Edited() const { return PointList() != m_opened; }
+
+bool frmAddPoint::Readable() const {
+  for (const Line& line : m_lines) {
+    if (line.X->property("invalid").toBool() || line.Y->property("invalid").toBool()) return false;
+  }
+  return true;
+}
+
+// OK waits while a field can't be computed: a "1,5" or ";" there would cut the row's point list
+// apart, and a name that means nothing would be a point the plot can't show.
+void frmAddPoint::RefreshOK() {
+  const bool unreadable = !Readable();
+  m_btnOK->setEnabled(!unreadable);
+  if (unreadable) SetHint(tr("OK waits until every field marked ? holds a number."), true);
+  else if (m_unreadable) SetHint(QString(), false);
+  m_unreadable = unreadable;
+}
 
 QLabel* frmAddPoint::lblIndex(int line) const {
   return line >= 0 && line < PointCount() ? m_lines[std::size_t(line)].Index : nullptr;
@@ -398,7 +399,7 @@ void frmAddPoint::PointChanged(int line, int column) {
   QLineEdit* field = column == 0 ? l.X : l.Y;
   ShowValue(field, column == 0 ? l.ValueX : l.ValueY);
   if (m_quiet) return;
-  if (m_btnFade->property("warning").toBool()) SetHint(QString(), false);
+  if (m_btnFade->property("warning").toBool() && !m_unreadable && Row() >= 0) SetHint(QString(), false);
   // Columns that came in through the field's own menu or a drop are spread over the lines.
   const QString text = field->text();
   if (text.contains(u'\t') || text.contains(u'\n') || text.contains(u'\r')) {
@@ -426,6 +427,7 @@ void frmAddPoint::ShowValue(QLineEdit* field, QLabel* value) {
     value->setText(QString());
     field->setTextMargins(0, 0, 0, 0);
     field->setProperty("invalid", false);
+    RefreshOK();
     return;
   }
   // A comma or a semicolon would cut the point apart in the row's text.
@@ -444,6 +446,7 @@ void frmAddPoint::ShowValue(QLineEdit* field, QLabel* value) {
   }
   PlaceValue(field, value);
   value->show();
+  RefreshOK();
 }
 
 void frmAddPoint::PlaceValue(QLineEdit* field, QLabel* value) {
@@ -454,47 +457,38 @@ void frmAddPoint::PlaceValue(QLineEdit* field, QLabel* value) {
   field->setTextMargins(0, 0, width + 2, 0);
 }
 
-// All fields go into two working lists of 50 slots; the last line's widgets go, and the lists
-// come back into the remaining lines without the removed one. A table that the point evaluator
-// filled beyond 50 lines overruns the lists: the removal fails, is reported, and the table stays
-// as it was.
+// All fields go into two working lists; the last line's widgets go, and the lists come back into
+// the remaining lines without the removed one. The lists hold as many lines as the table does, so
+// a table that the point evaluator filled to any length loses one line like any other.
 void frmAddPoint::btnRemove_Click(int line) {
   if (m_unloading) return;
   if (line < 0 || line >= PointCount()) return;
-  try {
-    std::array<QString, kMostLines> firsts;
-    std::array<QString, kMostLines> seconds;
-    const auto slot = [](std::array<QString, kMostLines>& list, int k) -> QString& {
-      if (k < 0 || k >= kMostLines) throw core::RuntimeError::Of(core::RuntimeError::SubscriptOutOfRange);
-      return list[std::size_t(k)];
-    };
-    for (int k = 0; k < PointCount(); ++k) {
-      slot(firsts, k) = m_lines[std::size_t(k)].X->text();
-      slot(seconds, k) = m_lines[std::size_t(k)].Y->text();
-    }
-    if (PointCount() > 1) {
-      const Line last = m_lines.back();
-      m_lines.pop_back();
-      for (QWidget* widget : {static_cast<QWidget*>(last.Index), static_cast<QWidget*>(last.X),
-                              static_cast<QWidget*>(last.Y), static_cast<QWidget*>(last.Remove)}) {
-        widget->disconnect(this);
-        widget->removeEventFilter(this);
-        widget->hide();
-        widget->deleteLater();  // the button clicked may be among them
-      }
-      for (int k = 0; k < PointCount(); ++k) {
-        const int from = k < line ? k : k + 1;
-        SetLine(k, slot(firsts, from), slot(seconds, from));
-      }
-    } else {
-      SetLine(0, QString(), QString());
-    }
-    Refresh_Controls();
-    FocusField(std::min(line, PointCount() - 1), 0);
-  } catch (const core::RuntimeError& error) {
-    m_boxes.Show(error.Description(), platform::MessageBoxes::Buttons::Ok, platform::MessageBoxes::Icon::Exclamation,
-                 QStringLiteral("Remove Point - [Err-0016]"));
+  std::vector<QString> firsts;
+  std::vector<QString> seconds;
+  for (const Line& l : m_lines) {
+    firsts.push_back(l.X->text());
+    seconds.push_back(l.Y->text());
   }
+  if (PointCount() > 1) {
+    const Line last = m_lines.back();
+    m_lines.pop_back();
+    for (QWidget* widget : {static_cast<QWidget*>(last.Index), static_cast<QWidget*>(last.X),
+                            static_cast<QWidget*>(last.Y), static_cast<QWidget*>(last.Remove)}) {
+      widget->disconnect(this);
+      widget->removeEventFilter(this);
+      widget->hide();
+      widget->deleteLater();  // the button clicked may be among them
+    }
+    for (int k = 0; k < PointCount(); ++k) {
+      const std::size_t from = std::size_t(k < line ? k : k + 1);
+      SetLine(k, firsts[from], seconds[from]);
+    }
+  } else {
+    SetLine(0, QString(), QString());
+  }
+  Refresh_Controls();
+  RefreshOK();
+  FocusField(std::min(line, PointCount() - 1), 0);
 }
 
 void frmAddPoint::cmbPointGrid_Click() {
@@ -504,20 +498,34 @@ void frmAddPoint::cmbPointGrid_Click() {
 }
 
 // The point list in the normal head of the coordinates chosen; a line with an empty field is
-// left out.
+// left out. A row that holds a function is replaced only when the user says so; points whose row
+// was removed go into a new one.
 void frmAddPoint::btnOK_Click() {
   if (m_unloading) return;
-  QString text = m_cmbPointGrid->currentText() == kPolar ? QStringLiteral("[r,q..symb") : QStringLiteral("[x,y");
-  for (int i = 0; i < PointCount(); ++i) {
-    if (!Filled(i)) continue;
-    text += u';' + m_lines[std::size_t(i)].X->text().trimmed() + u',' + m_lines[std::size_t(i)].Y->text().trimmed();
+  if (!Readable()) {
+    RefreshOK();
+    return;
   }
-  text += u']';
-  const int row = Row();
+  const QString text = PointList();
   RowTarget& target = m_target;
+  int row = Row();
+  if (row < 0 || row > target.HighestIndex()) {
+    row = target.AddRow();
+    if (row < 0) return;  // the list is full and has said so: the table stays
+  } else if (!AskReplace(row, target.RowText(row))) {
+    return;
+  }
   Unload();
-  if (row >= 0 && row <= target.HighestIndex()) target.SetRowText(row, text);
+  target.SetRowText(row, text);
   target.FocusAfter(row);
+}
+
+bool frmAddPoint::AskReplace(int row, const QString& current) {
+  if (current.trimmed().isEmpty() || current.startsWith(u'[')) return true;
+  const auto answer = m_boxes.Show(QStringLiteral("Replace function %1 with these points?").arg(row + 1),
+                                   platform::MessageBoxes::Buttons::YesNo, platform::MessageBoxes::Icon::Question,
+                                   QStringLiteral("Replace Function - [Msg-0031]"));
+  return answer == platform::MessageBoxes::Answer::Yes;
 }
 
 void frmAddPoint::btnCancel_Click() {
@@ -605,7 +613,13 @@ void frmAddPoint::FocusField(int line, int column) {
 }
 
 void frmAddPoint::SetHint(const QString& text, bool warning) {
-  m_btnFade->setText(text.isEmpty() ? tr("Enter: next line  \u00b7  Ctrl+V: paste two columns") : text);
+  QString hint = text;
+  if (hint.isEmpty() && Row() < 0) {
+    hint = tr("The function was removed: OK puts these points into a new row.");
+    warning = true;
+  }
+  if (hint.isEmpty()) hint = tr("Enter: next line  \u00b7  Ctrl+V: paste two columns");
+  m_btnFade->setText(hint);
   m_btnFade->setProperty("warning", warning);
   Repolish(m_btnFade);
 }

@@ -27,6 +27,11 @@ namespace dialogs {
 // lines with an empty field. Each field holds an expression; what is not a plain number shows its
 // value beside it. A fresh empty line waits under the filled ones until the table holds 50.
 //
+// OK waits while a field shows "?" (no number, or a comma or semicolon that would cut the point
+// list apart), and it asks before points replace a row that holds a function. The table follows
+// its row when rows are moved or removed; when the row itself goes, it asks before points typed
+// here are dropped, and if they are kept, OK puts them into a new row.
+//
 // The form's tag is the row's index, or, from the point evaluator, "row;expression;name;from;
 // to;step": then the table computes those points when it is first activated and the tag is cut
 // back to the row. The form grows open from nothing; it stays open when another window is
@@ -39,8 +44,19 @@ public:
               platform::MessageBoxes& boxes, QWidget* parent = nullptr);
   ~frmAddPoint() override;
 
-  // The row the table belongs to: the numeric prefix of the tag.
+  // The row the table belongs to: the numeric prefix of the tag; -1 once the row was removed and
+  // the points kept.
   int Row() const;
+  // The row moved to another place in the list: the table goes with it.
+  void SetRow(int row);
+  // The row was removed under the table: it closes at once if it holds nothing of the user's,
+  // else asks; kept points go into a new row on OK.
+  void RowRemoved();
+  // The point list that OK writes, and whether it differs from the one the table opened with.
+  QString PointList() const;
+  bool Edited() const;
+  // Every field is empty or can be computed: OK takes the table.
+  bool Readable() const;
   // The number of table lines, filled or not.
   int PointCount() const { return static_cast<int>(m_lines.size()); }
   QLabel* lblIndex(int line) const;
@@ -105,6 +121,8 @@ private:
   void EnterPressed(int line, int column);
   void FocusField(int line, int column);
   void SetHint(const QString& text, bool warning);
+  void RefreshOK();
+  bool AskReplace(int row, const QString& current);
   void PlaceControls();
   void PlaceLines();
   void Unload();
@@ -126,6 +144,8 @@ private:
   QTimer m_tmrResize;
   bool m_quiet = false;  // the program writes the fields: the typing rule stays out of it
   bool m_activated = false;
+  QString m_opened;         // the point list as the table opened, before the user's work
+  bool m_unreadable = false;  // a field shows "?": OK waits
   bool m_unloading = false;
 };
 

@@ -27,6 +27,7 @@ namespace {
 constexpr int kRed = 255;
 constexpr int kBlack = 0;
 constexpr int kMostPoints = 50;
+constexpr double kSlack = 1e-9;  // of a step: what the points editor allows the end for rounding
 
 // The right-hand side of an equation: what stands behind its first "=".
 QString RightSide(const QString& text) { return core::Mid(text, core::InStr(text, QStringLiteral("=")) + 1); }
@@ -126,6 +127,12 @@ frmPointEvaluator::~frmPointEvaluator() = default;
 
 int frmPointEvaluator::Row() const { return static_cast<int>(core::NumericPrefix(core::Tag(this))); }
 
+void frmPointEvaluator::SetRow(int row) {
+  if (row < 0) return;
+  core::SetTag(this, QString::number(row));
+  if (auto* heading = findChild<QLabel*>(QStringLiteral("lblHeading"))) heading->setText(tr("Points of function %1").arg(row + 1));
+}
+
 void frmPointEvaluator::Form_Activate() {
   if (!m_filled) {
     m_filled = true;
@@ -148,9 +155,11 @@ void frmPointEvaluator::SetCountColor(int color) {
                                              : QStringLiteral("color: rgb(0, 0, 0);"));
 }
 
-// The count is the number of steps, not of points: a step that divides the range gives one line
-// more in the table. An expression that can't be computed, a zero step or a count beyond any
-// integer is a failure: red, with the text as it was.
+// The count is the number of points the table gets, the start and every whole step up to the end
+// (counted as the table counts them, with the same allowance for rounding), so that the number
+// shown is the number written. An end before the start counts the steps backwards, in red. An
+// expression that can't be computed, a zero step or a count beyond any integer is a failure: red,
+// with the text as it was.
 void frmPointEvaluator::PointCount_Change() {
   try {
     const double to = m_evaluation.EvaluateExpression(m_txtTo->text());
@@ -159,7 +168,8 @@ void frmPointEvaluator::PointCount_Change() {
     if (m_state.MathError) throw core::RuntimeError::Of(core::RuntimeError::TypeMismatch);
     const double step = core::NumericPrefix(m_txtStep->text());
     if (step == 0) throw core::RuntimeError::Of(core::RuntimeError::DivisionByZero);
-    const std::int32_t n = core::RoundToInt32((to - from) / step);
+    const double steps = (to - from) / step;
+    const std::int32_t n = steps < 0 ? core::RoundToInt32(steps) : core::RoundToInt32(std::floor(steps + kSlack)) + 1;
     SetCountColor(n > kMostPoints || n < 1 ? kRed : kBlack);
     m_lblPointNmb->setText(QStringLiteral("Number of points: ") + QString::number(n));
   } catch (const core::RuntimeError&) {

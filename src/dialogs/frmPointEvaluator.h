@@ -25,7 +25,8 @@ namespace dialogs {
 // and the points editor opens with the computed values. This form computes no point itself: it
 // hands the points editor a description "row;expression;name;from;to;step" as its tag, and the
 // editor computes them when it opens. Table opens the editor empty, for typing by hand. The form
-// keeps the number of steps up to date under the fields, red when it is no count of 1 to 50.
+// keeps the number of points that the table will get up to date under the fields, red when it is no
+// count of 1 to 50.
 class frmPointEvaluator : public RowPopup {
   Q_OBJECT
 
@@ -38,6 +39,8 @@ public:
   ~frmPointEvaluator() override;
 
   int Row() const;
+  // Its row moved to another place in the list: the evaluator goes with it.
+  void SetRow(int row);
   mathx::MthX* mthEquation() const { return m_mthEquation; }
   QLineEdit* txtFrom() const { return m_txtFrom; }
   QLineEdit* txtTo() const { return m_txtTo; }

@@ -46,9 +46,18 @@ void RowDialogs::ShowPointTable(const QString& tag, QPoint at) {
   Present(m_table, at);
 }
 
-void RowDialogs::ClosePointDialogs() {
-  if (m_table) m_table->close();
-  if (m_evaluator) m_evaluator->close();
+void RowDialogs::RowsRenumbered(const QList<int>& newIndexOfOld) {
+  const auto follow = [&newIndexOfOld](int row) { return row >= 0 && row < newIndexOfOld.size() ? newIndexOfOld[row] : row; };
+  if (m_evaluator) {
+    const int row = follow(m_evaluator->Row());
+    if (row >= 0) m_evaluator->SetRow(row);
+    else m_evaluator->close();
+  }
+  if (m_table && m_table->Row() >= 0) {
+    const int row = follow(m_table->Row());
+    if (row >= 0) m_table->SetRow(row);
+    else m_table->RowRemoved();
+  }
 }
 
 void RowDialogs::CloseAll() {
@@ -77,6 +86,12 @@ void RowDialogs::MoveFunctionTo(int index, int target) { m_list.MoveFunctionTo(i
 
 void RowDialogs::MarkProjectChanged() {
   if (ProjectChanged) ProjectChanged();
+}
+
+int RowDialogs::AddRow() {
+  const int before = HighestIndex();
+  m_list.AddFunction(false);
+  return HighestIndex() > before ? HighestIndex() : -1;
 }
 
 void RowDialogs::FocusAfter(int index) {

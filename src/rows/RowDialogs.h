@@ -5,6 +5,7 @@
 #include "dialogs/frmMoveTo.h"
 #include "dialogs/frmPointEvaluator.h"
 
+#include <QList>
 #include <QPointer>
 
 #include <functional>
@@ -39,8 +40,11 @@ public:
   void ShowPoints(int row);
   // The points editor for a tag: a row's index, or "row;expression;name;from;to;step".
   void ShowPointTable(const QString& tag, QPoint at);
-  // Rows were exchanged or removed under the points dialogs: what they would write is stale.
-  void ClosePointDialogs();
+  // Rows were moved or removed (newIndexOfOld: where each row now stands, by its old index, -1
+  // where it is gone): the points table and the evaluator go with their row. A table whose row is
+  // gone asks before points typed into it are dropped; an evaluator whose row is gone closes, as
+  // it has nothing left to evaluate.
+  void RowsRenumbered(const QList<int>& newIndexOfOld);
   void CloseAll();
 
   dialogs::frmMoveTo* MoveTo() const { return m_moveTo; }
@@ -52,6 +56,7 @@ public:
   void SetRowText(int index, const QString& text) override;
   void MoveFunctionTo(int index, int target) override;
   void MarkProjectChanged() override;
+  int AddRow() override;
   void FocusAfter(int index) override;
 
   // The project's changed mark, set by the main form.

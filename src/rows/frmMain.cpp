@@ -147,7 +147,8 @@ void frmMain::WireParts() {
   connect(m_tabs, &InputTabs::ZoomApplied, this, &frmMain::ApplyZoom);
   connect(m_tabs, &QTabWidget::currentChanged, this, &frmMain::tabInput_Click);
   connect(&Functions(), &FunctionList::CloseInsertRequested, this, &frmMain::CloseInsert);
-  connect(&Functions(), &FunctionList::RowsRearranged, this, [this] { m_rowDialogs->ClosePointDialogs(); });
+  connect(&Functions(), &FunctionList::RowsRenumbered, this,
+          [this](const QList<int>& newIndexOfOld) { m_rowDialogs->RowsRenumbered(newIndexOfOld); });
   connect(m_panes, &interaction::StatusPanes::SliderChanged, this, &frmMain::MirrorSliders);
   connect(m_panes, &interaction::StatusPanes::ReplotClicked, this, [this] {
     Replot(true);

@@ -43,9 +43,15 @@ public:
     texts.swapItemsAt(index, target);
   }
   void MarkProjectChanged() override { ++changed; }
+  int AddRow() override {
+    if (texts.size() >= maxRows) return -1;
+    texts << QString();
+    return HighestIndex();
+  }
   void FocusAfter(int index) override { focus.push_back(index); }
 
   QStringList texts;
+  qsizetype maxRows = 110;
   QStringList writes;
   std::vector<std::pair<int, int>> moves;
   int changed = 0;

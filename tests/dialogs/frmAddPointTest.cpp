@@ -378,7 +378,7 @@ TEST(frmAddPoint, PastingTwoColumnsFillsTheLines) {
       {"x\ty\n1\t2\n3\t4", "[x,y;1,2;3,4]"},                         // its head line left out
       {"1,2\n3.5,4\n\n5,6", "[x,y;1,2;3.5,4;5,6]"},                  // commas, a blank line
       {"0, sin(0)\npi/2, sin(pi/2)", "[x,y;0,sin(0);pi/2,sin(pi/2)]"},  // expressions
-      {"max(1,2),3", "[x,y;max(1,2),3]"},                             // a comma in brackets stays
+      {"max(1,2),3", nullptr},  // a comma in brackets stays in its cell, where OK refuses it
       {"1 2\n3   4", "[x,y;1,2;3,4]"},                                // numbers apart by blanks
       {"1;2", "[x,y;1,2]"},
   };
@@ -388,6 +388,11 @@ TEST(frmAddPoint, PastingTwoColumnsFillsTheLines) {
     f.clipboard = c.clipboard;
     d.txtPoint_X(0)->setFocus();
     QTest::keySequence(d.txtPoint_X(0), QKeySequence::Paste);
+    if (c.written == nullptr) {
+      EXPECT_FALSE(d.btnOK()->isEnabled()) << c.clipboard;
+      EXPECT_EQ(f.Ok(), "") << c.clipboard;
+      continue;
+    }
     EXPECT_EQ(f.Ok(), c.written) << c.clipboard;
   }
 }
@@ -483,7 +488,7 @@ TEST(frmAddPoint, ThePointsOfADescriptionFromTheEvaluator) {
   }
 }
 
-TEST(frmAddPoint, ARowOutsideTheListIsLeftAlone) {
+TEST(frmAddPoint, ARowOutsideTheListIsLeftAloneAndThePointsGoIntoANewRow) {
   TableFixture f;
   frmAddPoint& d = f.Open("[x,y;1,2]", "7");
   EXPECT_EQ(d.PointCount(), 1);
@@ -491,8 +496,8 @@ TEST(frmAddPoint, ARowOutsideTheListIsLeftAlone) {
   f.Type(0, 0, "1");
   f.Type(0, 1, "1");
   f.Ok();
-  EXPECT_TRUE(f.rows.writes.isEmpty());
-  EXPECT_EQ(f.rows.texts[0], "[x,y;1,2]");
+  EXPECT_EQ(f.rows.writes, QStringList{"[x,y;1,1]"});
+  EXPECT_EQ(f.rows.texts, (QStringList{"[x,y;1,2]", "[x,y;1,1]"}));
 }
 
 TEST(frmAddPoint, RefreshControlsKeepsTheMarkUnderTheLastLineAndShowsIt) {
@@ -555,4 +560,175 @@ TEST(frmAddPoint, AnyTextInAnyFieldNeverBreaksIt) {
     f.Ok();
     SUCCEED() << text.toStdString();
   }
+}
+
+TEST(frmAddPoint, OKWaitsWhileAFieldIsNoNumber) {
+  struct Case {
+    const char* typed;
+    bool readable;
+    const char* written;  // the row after OK, when it takes the table
+  };
+  const Case cases[] = {
+      {"1,5", false, nullptr}, {";", false, nullptr},  {"1;2", false, nullptr}, {"abc", false, nullptr},
+      {"2+", false, nullptr},  {"1]", false, nullptr}, {"1.5", true, "[x,y;1.5,2]"},
+      {"pi/2", true, "[x,y;pi/2,2]"},                  {"-3e2", true, "[x,y;-3e2,2]"},
+  };
+  for (const Case& c : cases) {
+    TableFixture f;
+    frmAddPoint& d = f.Open("[x,y;1,2]");
+    f.Type(0, 0, c.typed);
+    EXPECT_EQ(d.Readable(), c.readable) << c.typed;
+    EXPECT_EQ(d.btnOK()->isEnabled(), c.readable) << c.typed;
+    if (!c.readable) {
+      EXPECT_EQ(d.ValueOf(0, 0)->text(), "?") << c.typed;
+      EXPECT_TRUE(d.btnFade()->text().contains("?")) << c.typed << ": the reason stands under the lines";
+      // Neither the button nor a call past it writes the row.
+      QTest::mouseClick(d.btnOK(), Qt::LeftButton);
+      d.btnOK_Click();
+      EXPECT_TRUE(f.rows.writes.isEmpty()) << c.typed;
+      EXPECT_FALSE(d.isHidden()) << c.typed;
+      // Mended, the table is taken.
+      f.Type(0, 0, "7");
+      EXPECT_TRUE(d.btnOK()->isEnabled()) << c.typed;
+      EXPECT_EQ(f.Ok(), "[x,y;7,2]") << c.typed;
+    } else {
+      EXPECT_EQ(f.Ok(), c.written) << c.typed;
+    }
+  }
+}
+
+TEST(frmAddPoint, AFieldOfAHalfLineOrALineRemovedCountsAsItStands) {
+  TableFixture f;
+  frmAddPoint& d = f.Open("[x,y;1,2;3,4]");
+  f.Type(1, 1, "4,5");
+  EXPECT_FALSE(d.btnOK()->isEnabled());
+  QTest::mouseClick(d.btnRemove(1), Qt::LeftButton);
+  EXPECT_TRUE(d.btnOK()->isEnabled()) << "the line with the comma is gone";
+  EXPECT_EQ(f.Ok(), "[x,y;1,2]");
+}
+
+TEST(frmAddPoint, ARemovalPastLineFiftyTakesOneLineLikeAnyOther) {
+  for (const int removed : {0, 3, 49, 50, 60}) {
+    TableFixture f;
+    frmAddPoint& d = f.Open("", "0;2*x;y;0;60;1");
+    ASSERT_EQ(d.PointCount(), 61);
+    QTest::mouseClick(d.btnRemove(removed), Qt::LeftButton);
+    EXPECT_TRUE(f.boxes.boxes.empty()) << removed;
+    ASSERT_EQ(d.PointCount(), 60) << removed;
+    EXPECT_EQ(f.X(removed == 60 ? 59 : removed), QString::number(removed == 60 ? 59 : removed + 1)) << removed;
+    EXPECT_EQ(f.Ok().count(u';'), 60) << removed;
+  }
+}
+
+TEST(frmAddPoint, PointsReplaceAFunctionOnlyWhenTheUserSaysSo) {
+  struct Case {
+    const char* row;
+    bool asked;
+    const char* written;
+  };
+  const Case cases[] = {{"y=sin(x)", true, "[x,y;5,6]"},  {"x^2+y^2=1", true, "[x,y;5,6]"},
+                        {"a=2", true, "[x,y;5,6]"},       {"", false, "[x,y;5,6]"},
+                        {"[x,y;1,2]", false, "[x,y;5,6]"}, {"[r,q..symb;1,2]", false, "[r,q..symb;5,6]"}};
+  for (const Case& c : cases) {
+    for (const auto answer : {platform::MessageBoxes::Answer::No, platform::MessageBoxes::Answer::Yes}) {
+      TableFixture f;
+      frmAddPoint& d = f.Open(c.row);
+      f.Type(0, 0, "5");
+      f.Type(0, 1, "6");
+      f.boxes.answers.push_back(answer);
+      QTest::mouseClick(d.btnOK(), Qt::LeftButton);
+      if (!c.asked) {
+        EXPECT_TRUE(f.boxes.boxes.empty()) << c.row;
+        EXPECT_EQ(f.rows.texts[0], c.written) << c.row;
+        continue;
+      }
+      ASSERT_EQ(f.boxes.boxes.size(), 1u) << c.row;
+      EXPECT_EQ(f.boxes.boxes[0].Text, "Replace function 1 with these points?");
+      EXPECT_EQ(f.boxes.boxes[0].Title, "Replace Function - [Msg-0031]");
+      EXPECT_EQ(f.boxes.boxes[0].Shown, platform::MessageBoxes::Buttons::YesNo);
+      EXPECT_EQ(f.boxes.boxes[0].Kind, platform::MessageBoxes::Icon::Question);
+      if (answer == platform::MessageBoxes::Answer::No) {
+        EXPECT_EQ(f.rows.texts[0], c.row) << c.row;
+        EXPECT_TRUE(f.rows.writes.isEmpty()) << c.row;
+        ASSERT_FALSE(f.dialog.isNull());
+        EXPECT_FALSE(d.isHidden()) << c.row << ": the points wait in the table";
+        EXPECT_EQ(f.X(0), "5");
+      } else {
+        EXPECT_EQ(f.rows.texts[0], c.written) << c.row;
+      }
+    }
+  }
+}
+
+TEST(frmAddPoint, TheTableFollowsItsRow) {
+  TableFixture f;
+  f.rows.texts = QStringList{"y=1", "y=2", "y=3"};
+  f.rows.texts[2] = "[x,y;1,2]";
+  frmAddPoint& d = *new frmAddPoint("2", f.rows, f.state, f.evaluation, f.boxes);
+  f.dialog = &d;
+  d.show();
+  d.Form_Activate();
+  f.Type(0, 0, "8");
+  d.SetRow(0);
+  EXPECT_EQ(d.Row(), 0);
+  EXPECT_EQ(d.windowTitle(), "Points of Function 1");
+  f.rows.texts[0] = "[x,y;1,2]";
+  f.rows.texts[2] = "y=3";
+  QTest::mouseClick(d.btnOK(), Qt::LeftButton);
+  EXPECT_EQ(f.rows.writes, QStringList{"[x,y;8,2]"});
+  EXPECT_EQ(f.rows.texts[0], "[x,y;8,2]");
+  EXPECT_EQ(f.rows.texts[2], "y=3");
+}
+
+TEST(frmAddPoint, ARemovedRowAsksBeforeTheTypedPointsGo) {
+  using Answer = platform::MessageBoxes::Answer;
+  struct Case {
+    const char* name;
+    bool typed;
+    Answer answer;
+    bool open;
+  };
+  const Case cases[] = {{"untouched", false, Answer::Yes, false},
+                        {"typed, dropped", true, Answer::Yes, false},
+                        {"typed, kept", true, Answer::No, true}};
+  for (const Case& c : cases) {
+    TableFixture f;
+    f.rows.texts = QStringList{"[x,y;1,2]", "y=x"};
+    frmAddPoint& d = f.Open("[x,y;1,2]");
+    if (c.typed) f.Type(0, 1, "3");
+    f.boxes.answers.push_back(c.answer);
+    f.rows.texts.removeFirst();
+    d.RowRemoved();
+    EXPECT_EQ(f.boxes.boxes.size(), c.typed ? 1u : 0u) << c.name;
+    if (c.typed) {
+      EXPECT_EQ(f.boxes.boxes[0].Text, "The function of these points was removed. Drop the points?");
+      EXPECT_EQ(f.boxes.boxes[0].Title, "Removed Function - [Msg-0032]");
+      EXPECT_EQ(f.boxes.boxes[0].Shown, platform::MessageBoxes::Buttons::YesNo);
+    }
+    EXPECT_EQ(!f.dialog.isNull() && !d.isHidden(), c.open) << c.name;
+    EXPECT_TRUE(f.rows.writes.isEmpty()) << c.name;
+    if (!c.open) continue;
+    EXPECT_EQ(d.Row(), -1);
+    EXPECT_TRUE(d.btnFade()->text().contains("new row")) << d.btnFade()->text().toStdString();
+    // More rows going leave it alone; OK puts the points into a new row and asks nothing more.
+    d.RowRemoved();
+    QTest::mouseClick(d.btnOK(), Qt::LeftButton);
+    EXPECT_EQ(f.rows.texts, (QStringList{"y=x", "[x,y;1,3]"}));
+    EXPECT_EQ(f.boxes.boxes.size(), 1u);
+  }
+}
+
+TEST(frmAddPoint, KeptPointsWaitWhenTheListIsFull) {
+  TableFixture f;
+  frmAddPoint& d = f.Open("[x,y;1,2]");
+  f.Type(0, 1, "3");
+  f.boxes.answers.push_back(platform::MessageBoxes::Answer::No);
+  d.RowRemoved();
+  f.rows.maxRows = 1;
+  QTest::mouseClick(d.btnOK(), Qt::LeftButton);
+  EXPECT_FALSE(d.isHidden());
+  EXPECT_TRUE(f.rows.writes.isEmpty());
+  f.rows.maxRows = 2;
+  QTest::mouseClick(d.btnOK(), Qt::LeftButton);
+  EXPECT_EQ(f.rows.texts.value(1), "[x,y;1,3]");
 }

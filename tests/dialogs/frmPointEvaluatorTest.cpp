@@ -104,16 +104,16 @@ TEST(frmPointEvaluator, TheEquationComesFromTheRowWithoutItsCondition) {
   }
 }
 
-TEST(frmPointEvaluator, MinusFourToFourByAHalfIsSixteenInBlackAndSeventeenLines) {
+TEST(frmPointEvaluator, MinusFourToFourByAHalfIsSeventeenPointsInBlackAndSeventeenLines) {
   EvaluatorFixture f;
   frmPointEvaluator& d = f.Open(0);
   EXPECT_EQ(d.txtFrom()->text(), "-4");
   EXPECT_EQ(d.txtTo()->text(), "4");
   EXPECT_EQ(d.txtStep()->text(), "0.5");
   // The count is right from the start, not the design's 40.
-  EXPECT_EQ(f.Count(), "Number of points: 16");
+  EXPECT_EQ(f.Count(), "Number of points: 17");
   f.Range("-4", "4", "0.5");
-  EXPECT_EQ(f.Count(), "Number of points: 16");
+  EXPECT_EQ(f.Count(), "Number of points: 17");
   EXPECT_FALSE(f.Red());
   EXPECT_EQ(d.lblPointNmb()->palette().color(QPalette::WindowText), QColor(0, 0, 0));
   QTest::mouseClick(d.btnEvaluate(), Qt::LeftButton);
@@ -143,7 +143,7 @@ TEST(frmPointEvaluator, APointOneIsRefusedWithItsMessage) {
   EvaluatorFixture f;
   frmPointEvaluator& d = f.Open(0);
   f.Range("-4", "4", "0.1");
-  EXPECT_EQ(f.Count(), "Number of points: 80");
+  EXPECT_EQ(f.Count(), "Number of points: 81");
   EXPECT_TRUE(f.Red());
   EXPECT_EQ(d.lblPointNmb()->palette().color(QPalette::WindowText), QColor(255, 0, 0));
   QTest::mouseClick(d.btnEvaluate(), Qt::LeftButton);
@@ -156,7 +156,7 @@ TEST(frmPointEvaluator, APointOneIsRefusedWithItsMessage) {
   EXPECT_FALSE(f.Closed());
   // Back to a count it takes.
   f.Range("-4", "4", "0.2");
-  EXPECT_EQ(f.Count(), "Number of points: 40");
+  EXPECT_EQ(f.Count(), "Number of points: 41");
   EXPECT_FALSE(f.Red());
 }
 
@@ -172,17 +172,19 @@ TEST(frmPointEvaluator, FromAboveToIsANegativeCountAndTheSameMessage) {
   EXPECT_TRUE(f.tags.isEmpty());
 }
 
-TEST(frmPointEvaluator, TheCountIsTheNumberOfStepsRoundedHalfToEven) {
+TEST(frmPointEvaluator, TheCountIsTheNumberOfPointsTheTableGets) {
   struct Case {
     const char *from, *to, *step, *count;
     bool red;
   };
   const Case cases[] = {
-      {"0", "50", "1", "Number of points: 50", false},  {"0", "51", "1", "Number of points: 51", true},
-      {"0", "1", "1", "Number of points: 1", false},    {"0", "0.4", "1", "Number of points: 0", true},
-      {"0", "2.5", "1", "Number of points: 2", false},  {"0", "3.5", "1", "Number of points: 4", false},
-      {"-pi", "pi", "0.5", "Number of points: 13", false}, {"0", "2pi", "0.5", "Number of points: 13", false},
-      {"0", "10", "2abc", "Number of points: 5", false}, {"0", "10", "-2", "Number of points: -5", true},
+      {"0", "49", "1", "Number of points: 50", false},  {"0", "50", "1", "Number of points: 51", true},
+      {"0", "1", "1", "Number of points: 2", false},    {"0", "0.4", "1", "Number of points: 1", false},
+      {"0", "0", "1", "Number of points: 1", false},    {"0", "2.5", "1", "Number of points: 3", false},
+      {"0", "3.5", "1", "Number of points: 4", false},  {"-pi", "pi", "0.5", "Number of points: 13", false},
+      {"0", "2pi", "0.5", "Number of points: 13", false}, {"0", "10", "2abc", "Number of points: 6", false},
+      {"0", "10", "-2", "Number of points: -5", true},  {"0", "0.3", "0.1", "Number of points: 4", false},
+      {"1", "0", "-0.1", "Number of points: 11", false},
   };
   for (const Case& c : cases) {
     EvaluatorFixture f;
@@ -190,6 +192,12 @@ TEST(frmPointEvaluator, TheCountIsTheNumberOfStepsRoundedHalfToEven) {
     f.Range(c.from, c.to, c.step);
     EXPECT_EQ(f.Count(), c.count) << c.from << " " << c.to << " " << c.step;
     EXPECT_EQ(f.Red(), c.red) << c.from << " " << c.to << " " << c.step;
+    if (c.red) continue;
+    // The number shown is the number of lines the table gets.
+    f.dialog->btnEvaluate_Click();
+    ASSERT_TRUE(f.table) << c.from << " " << c.to << " " << c.step;
+    EXPECT_EQ(QStringLiteral("Number of points: %1").arg(f.table->PointCount()), c.count)
+        << c.from << " " << c.to << " " << c.step;
   }
 }
 
@@ -198,7 +206,7 @@ TEST(frmPointEvaluator, AFailureTurnsTheCountRedAndKeepsItsText) {
     EvaluatorFixture f;
     frmPointEvaluator& d = f.Open(0);
     f.Range("0", "10", "1");
-    ASSERT_EQ(f.Count(), "Number of points: 10");
+    ASSERT_EQ(f.Count(), "Number of points: 11");
     // Each text arrives at once, as a paste does.
     const QString which = field;
     if (which == "step 0") d.txtStep()->setText("0");
@@ -208,7 +216,7 @@ TEST(frmPointEvaluator, AFailureTurnsTheCountRedAndKeepsItsText) {
     if (which == "to empty") d.txtTo()->setText("");
     if (which == "huge") d.txtTo()->setText("1e300");
     EXPECT_TRUE(f.Red()) << field;
-    EXPECT_EQ(f.Count(), "Number of points: 10") << field;
+    EXPECT_EQ(f.Count(), "Number of points: 11") << field;
     d.btnEvaluate_Click();
     EXPECT_EQ(f.boxes.boxes.size(), 1u) << field;
     EXPECT_TRUE(f.tags.isEmpty()) << field;
@@ -279,7 +287,7 @@ TEST(frmPointEvaluator, ROfThetaIsAPolarTableWithTheResultsFirst) {
   f.rows.texts = QStringList{"r=2*q..symb"};
   frmPointEvaluator& d = f.Open(0);
   f.Range("0", "pi", "1.5");
-  EXPECT_EQ(f.Count(), "Number of points: 2");
+  EXPECT_EQ(f.Count(), "Number of points: 3");
   f.Type(d.txtStep(), "0.5");
   f.Type(d.txtTo(), "1");
   QTest::mouseClick(d.btnEvaluate(), Qt::LeftButton);
@@ -307,32 +315,54 @@ TEST(frmPointEvaluator, PointsThatFailAreLeftOut) {
   EXPECT_EQ(f.Y(4), "2");
 }
 
-TEST(frmPointEvaluator, FiftyStepsFillFiftyOneLinesAndARemovalThereFailsWithAMessage) {
+TEST(frmPointEvaluator, FiftyPointsAreTheMostAndTheirTableWorksToTheLastLine) {
   EvaluatorFixture f;
   f.rows.texts = QStringList{"y=2*x"};
   frmPointEvaluator& d = f.Open(0);
   f.Range("0", "50", "1");
+  EXPECT_EQ(f.Count(), "Number of points: 51");
+  EXPECT_TRUE(f.Red());
+  QTest::mouseClick(d.btnEvaluate(), Qt::LeftButton);
+  ASSERT_EQ(f.boxes.boxes.size(), 1u);
+  EXPECT_EQ(f.boxes.boxes[0].Text, "Number of point must be 50 or less.");
+  f.Range("0", "49", "1");
   EXPECT_EQ(f.Count(), "Number of points: 50");
   EXPECT_FALSE(f.Red());
   QTest::mouseClick(d.btnEvaluate(), Qt::LeftButton);
   ASSERT_TRUE(f.table);
   frmAddPoint& t = *f.table;
-  ASSERT_EQ(t.PointCount(), 51);
+  ASSERT_EQ(t.PointCount(), 50);
   QTest::mouseClick(t.btnRemove(3), Qt::LeftButton);
-  ASSERT_EQ(f.boxes.boxes.size(), 1u);
-  EXPECT_EQ(f.boxes.boxes[0].Text, "Subscript out of range");
-  EXPECT_EQ(f.boxes.boxes[0].Title, "Remove Point - [Err-0016]");
-  EXPECT_EQ(f.boxes.boxes[0].Kind, platform::MessageBoxes::Icon::Exclamation);
-  // Nothing moved, and the table goes on working.
-  EXPECT_EQ(t.PointCount(), 51);
-  EXPECT_EQ(f.X(3), "3");
-  EXPECT_EQ(f.X(50), "50");
-  EXPECT_FALSE(t.isHidden());
-  f.Type(t.txtPoint_Y(50), "pi");
-  EXPECT_EQ(t.PointCount(), 51) << "no line is added past 50";
+  EXPECT_EQ(f.boxes.boxes.size(), 1u) << "no message: the removal works";
+  EXPECT_EQ(t.PointCount(), 49);
+  EXPECT_EQ(f.X(3), "4");
+  f.Type(t.txtPoint_Y(48), "pi");
   QTest::mouseClick(t.btnOK(), Qt::LeftButton);
-  EXPECT_EQ(f.rows.texts[0].count(u';'), 51);
-  EXPECT_TRUE(f.rows.texts[0].endsWith(";49,98;50,pi]"));
+  EXPECT_EQ(f.rows.texts[0].count(u';'), 49);
+  EXPECT_TRUE(f.rows.texts[0].endsWith(";48,96;49,pi]"));
+}
+
+TEST(frmPointEvaluator, TheTableAsksBeforeItsPointsReplaceTheFunction) {
+  for (const auto answer : {platform::MessageBoxes::Answer::No, platform::MessageBoxes::Answer::Yes}) {
+    EvaluatorFixture f;
+    frmPointEvaluator& d = f.Open(0);
+    f.Range("0", "2", "1");
+    QTest::mouseClick(d.btnEvaluate(), Qt::LeftButton);
+    ASSERT_TRUE(f.table);
+    f.boxes.answers.push_back(answer);
+    QTest::mouseClick(f.table->btnOK(), Qt::LeftButton);
+    ASSERT_EQ(f.boxes.boxes.size(), 1u);
+    EXPECT_EQ(f.boxes.boxes[0].Text, "Replace function 1 with these points?");
+    EXPECT_EQ(f.boxes.boxes[0].Title, "Replace Function - [Msg-0031]");
+    if (answer == platform::MessageBoxes::Answer::No) {
+      EXPECT_EQ(f.rows.texts[0], "y=sin(x)");
+      ASSERT_TRUE(f.table);
+      EXPECT_FALSE(f.table->isHidden()) << "the computed points wait in the table";
+      EXPECT_EQ(f.table->PointCount(), 3);
+    } else {
+      EXPECT_EQ(f.rows.texts[0], "[x,y;0,0;1,0.841470984807897;2,0.909297426825682]");
+    }
+  }
 }
 
 TEST(frmPointEvaluator, TableOpensTheEditorForTheRowAlone) {

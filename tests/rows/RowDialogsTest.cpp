@@ -12,11 +12,14 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "FakeDesktop.h"
 #include "QtPrinters.h"
 #include "StateSupport.h"
 
 #include <QApplication>
+#include <QPointer>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
@@ -122,15 +125,113 @@ TEST(RowDialogs, MovingARowExchangesItWithTheTarget) {
   EXPECT_TRUE(w.state.ProjectChanged);
 }
 
-TEST(RowDialogs, RowsMovedUnderAnOpenTableCloseIt) {
+// Each step: what happens to the list under an open table on row 1 that holds typed points, where
+// the table stands afterwards (-1: closed), and where its OK writes.
+TEST(RowDialogs, AnOpenTableFollowsItsRow) {
+  struct Case {
+    const char* name;
+    std::function<void(Window&)> change;
+    int row;
+    const char* texts;  // the rows after OK, joined by "|"
+  };
+  const Case cases[] = {
+      {"moved down", [](Window& w) { w.Rows().MoveFunctionDown(1); }, 2, "y=0|y=2|[x,y;1,9]"},
+      {"moved up", [](Window& w) { w.Rows().MoveFunctionUp(1); }, 0, "[x,y;1,9]|y=0|y=2"},
+      {"a row above removed", [](Window& w) { w.Rows().RemoveFunction(0, true); }, 0, "[x,y;1,9]|y=2"},
+      {"a row below removed", [](Window& w) { w.Rows().RemoveFunction(2, true); }, 1, "y=0|[x,y;1,9]"},
+      {"another row moved", [](Window& w) { w.Rows().MoveFunctionTo(0, 2); }, 1, "y=2|[x,y;1,9]|y=0"},
+  };
+  for (const Case& c : cases) {
+    Window w;
+    w.Fill({"y=0", "[x,y;1,2]", "y=2"});
+    w.RunOnRow(1, 1174);
+    QPointer<dialogs::frmAddPoint> table = w.Dialogs().PointTable();
+    ASSERT_NE(table, nullptr);
+    table->txtPoint_Y(0)->setText("9");
+    c.change(w);
+    QApplication::processEvents();
+    ASSERT_FALSE(table.isNull()) << c.name;
+    EXPECT_FALSE(table->isHidden()) << c.name;
+    EXPECT_EQ(table->Row(), c.row) << c.name;
+    EXPECT_TRUE(w.boxes.boxes.empty()) << c.name;
+    table->btnOK_Click();
+    QStringList texts;
+    for (int i = 0; i <= w.Rows().HighestIndex(); ++i) texts << w.Text(i);
+    EXPECT_EQ(texts.join(u'|'), c.texts) << c.name;
+  }
+}
+
+TEST(RowDialogs, ATableWhoseRowIsRemovedAsksBeforeTypedPointsGo) {
+  using Answer = platform::MessageBoxes::Answer;
+  struct Case {
+    const char* name;
+    bool typed;
+    bool clearAll;
+    Answer answer;
+    bool open;
+  };
+  const Case cases[] = {
+      {"untouched: it goes without a word", false, false, Answer::Yes, false},
+      {"typed, dropped", true, false, Answer::Yes, false},
+      {"typed, kept", true, false, Answer::No, true},
+      {"typed, all cleared, kept", true, true, Answer::No, true},
+  };
+  for (const Case& c : cases) {
+    Window w;
+    w.Fill({"y=0", "[x,y;1,2]", "y=2"});
+    w.RunOnRow(1, 1174);
+    QPointer<dialogs::frmAddPoint> table = w.Dialogs().PointTable();
+    ASSERT_NE(table, nullptr);
+    if (c.typed) table->txtPoint_Y(0)->setText("9");
+    if (c.clearAll) w.boxes.answers.push_back(Answer::Yes);  // "Are you sure you want to clear all functions?"
+    w.boxes.answers.push_back(c.answer);
+    if (c.clearAll) QTest::mouseClick(w.Rows().cmdClearAllFunction(), Qt::LeftButton);
+    else w.Rows().RemoveFunction(1, true);
+    QApplication::processEvents();
+    const std::size_t asked = (c.clearAll ? 1u : 0u) + (c.typed ? 1u : 0u);
+    ASSERT_EQ(w.boxes.boxes.size(), asked) << c.name;
+    if (c.typed) {
+      EXPECT_EQ(w.boxes.boxes.back().Text, "The function of these points was removed. Drop the points?") << c.name;
+      EXPECT_EQ(w.boxes.boxes.back().Title, "Removed Function - [Msg-0032]") << c.name;
+    }
+    EXPECT_EQ(!table.isNull() && table->isVisible(), c.open) << c.name;
+    if (!c.open) continue;
+    const int rows = w.Rows().HighestIndex();
+    table->btnOK_Click();
+    EXPECT_EQ(w.Rows().HighestIndex(), rows + 1) << c.name;
+    EXPECT_EQ(w.Text(rows + 1), "[x,y;1,9]") << c.name;
+    EXPECT_EQ(w.boxes.boxes.size(), asked) << c.name;
+  }
+}
+
+TEST(RowDialogs, TheEvaluatorFollowsItsRowAndGoesWithIt) {
   Window w;
-  w.Fill({"[x,y;1,2]", "y=2"});
-  w.RunOnRow(0, 1174);
+  w.Fill({"y=0", "y=x^2", "y=2"});
+  w.RunOnRow(1, 1174);
+  QPointer<dialogs::frmPointEvaluator> evaluator = w.Dialogs().Evaluator();
+  ASSERT_NE(evaluator, nullptr);
+  evaluator->txtFrom()->setText("0");
+  evaluator->txtTo()->setText("2");
+  evaluator->txtStep()->setText("1");
+  w.Rows().MoveFunctionUp(1);
+  QApplication::processEvents();
+  ASSERT_FALSE(evaluator.isNull());
+  EXPECT_EQ(evaluator->Row(), 0);
+  EXPECT_EQ(evaluator->txtTo()->text(), "2");
+  evaluator->btnEvaluate_Click();
   QPointer<dialogs::frmAddPoint> table = w.Dialogs().PointTable();
   ASSERT_NE(table, nullptr);
-  w.Rows().MoveFunctionDown(0);
-  QTRY_VERIFY(table.isNull());
-  EXPECT_EQ(w.Text(1), "[x,y;1,2]");
+  table->Form_Activate();
+  EXPECT_EQ(table->Row(), 0);
+  table->btnOK_Click();
+  EXPECT_EQ(w.Text(0), "[x,y;0,0;1,1;2,4]");
+  EXPECT_EQ(w.Text(1), "y=0");
+  // Its row removed, the evaluator has nothing left to evaluate.
+  w.RunOnRow(2, 1174);
+  evaluator = w.Dialogs().Evaluator();
+  ASSERT_NE(evaluator, nullptr);
+  w.Rows().RemoveFunction(2, true);
+  QTRY_VERIFY(evaluator.isNull() || evaluator->isHidden());
 }
 
 TEST(RowDialogs, OneTableAtATime) {
