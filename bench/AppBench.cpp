@@ -234,6 +234,15 @@ void BM_Project109_Save(benchmark::State& state) {
 }
 BENCHMARK(BM_Project109_Save)->Unit(benchmark::kMillisecond)->UseRealTime();
 
+// The changed mark worked out after a change: what the writer would write, against the file's.
+// It runs once after each key or click, so it must stay far below a frame.
+void BM_Project109_ChangeCheck(benchmark::State& state) {
+  ProjectOnForm p;
+  p.form.Functions().Row(3).mthFunction->SetText(QStringLiteral("y=3x"));
+  for (auto _ : state) benchmark::DoNotOptimize(p.form.RefreshProjectChanged());
+}
+BENCHMARK(BM_Project109_ChangeCheck)->Unit(benchmark::kMicrosecond)->UseRealTime();
+
 }  // namespace
 
 int main(int argc, char** argv) {
