@@ -1,5 +1,7 @@
 #pragma once
 
+#include "InsertDrafts.h"
+
 #include <QString>
 
 #include <cstdint>
@@ -19,6 +21,12 @@ public:
   virtual void SetInequalityOperator(int index, const QString& relation) = 0;
   // Where the focus goes when the dialog has gone: after Insert, or after Cancel and closing.
   virtual void FocusAfter(std::int16_t source, bool inserted) = 0;
+
+  // What the insert dialog keeps for these editors between its openings.
+  InsertDrafts& Drafts() { return m_drafts; }
+
+private:
+  InsertDrafts m_drafts;
 };
 
 }  // namespace dialogs

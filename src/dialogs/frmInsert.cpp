@@ -4,6 +4,7 @@
 #include "core/Twips.h"
 #include "expression/ExpressionNormaliser.h"
 #include "mathlang/Derivative.h"
+#include "mathlang/LineParser.h"
 #include "mathx/MthX.h"
 #include "mathx/RowParser.h"
 #include "plotcompiler/EquationCompiler.h"
@@ -16,6 +17,9 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QRegularExpression>
+
+#include <limits>
 
 namespace dialogs {
 
@@ -72,7 +76,13 @@ frmInsert::frmInsert(core::SharedState& state, platform::MessageBoxes& boxes, In
   m_txtLinear->setObjectName(QStringLiteral("txtLinear"));
   m_txtLinear->setClearButtonEnabled(true);
   m_txtLinear->setPlaceholderText(tr("y=2x+1, x^2+y^2=9, r=2sin(3theta), y=x^2;0<x<3"));
+  m_txtLinear->setMaxLength(std::numeric_limits<int>::max());  // a long paste is never cut short
   m_lblLinear->setBuddy(m_txtLinear);
+  m_lblReason = new QLabel(m_grpControls);
+  m_lblReason->setObjectName(QStringLiteral("lblReason"));
+  m_lblReason->setAccessibleName(tr("Why the linear style can't be inserted"));
+  m_lblReason->setStyleSheet(QStringLiteral("QLabel { color: rgb(192, 0, 0); }"));
+  m_lblReason->setTextFormat(Qt::PlainText);
   m_btnInsert = new QPushButton(tr("&Insert"), m_grpAllControls);
   m_btnInsert->setObjectName(QStringLiteral("btnInsert"));
   m_btnInsert->setDefault(true);
@@ -82,7 +92,7 @@ frmInsert::frmInsert(core::SharedState& state, platform::MessageBoxes& boxes, In
   connect(m_mthStandard, &mathx::MthX::Change, this, &frmInsert::StandardChanged);
   connect(m_txtLinear, &QLineEdit::textChanged, this, &frmInsert::LinearChanged);
   connect(m_btnInsert, &QPushButton::clicked, this, &frmInsert::Insert);
-  connect(m_btnCancel, &QPushButton::clicked, this, &frmInsert::Cancel);
+  connect(m_btnCancel, &QPushButton::clicked, this, &frmInsert::btnCancel_Click);
 
   Fill();
   StandardChanged();
@@ -117,10 +127,58 @@ void frmInsert::Fill() {
   for (int id : {1028, 1030}) {
     if (auto* button = m_bars.FindControl(id)) button->SetVisible(source == 0);
   }
+  // What was typed for this editor before the dialog lost the activation comes back.
+  m_base = standard;
+  m_baseLinear = linear;
+  const auto draft = m_target.Drafts().Find(source, index, m_base);
+  if (draft) {
+    standard = draft->Standard;
+    linear = draft->Linear;
+  }
   const QSignalBlocker quiet(m_txtLinear);
   m_mthStandard->SetText(standard);
   m_txtLinear->setText(linear);
   if (auto* derivative = m_bars.FindControl(1044)) derivative->SetEnabled(!linear.startsWith(u'['));
+  SetProblem(draft ? Problem(linear) : QString());
+}
+
+// Brackets first, as the user sees them; then whether the normaliser and the compilers make an
+// equation of it, and if not, what the line parser found.
+QString frmInsert::Problem(const QString& linear) const {
+  if (linear.trimmed().isEmpty()) return {};
+  QString open;
+  for (const QChar c : linear) {
+    if (c == u'(' || c == u'[') {
+      open.push_back(c);
+    } else if (c == u')' || c == u']') {
+      if (open.isEmpty()) return tr("a bracket is closed that was never opened");
+      const QChar opened = open.back();
+      open.chop(1);
+      if ((c == u')') != (opened == u'(')) return tr("a bracket is closed with the wrong kind");
+    }
+  }
+  if (!open.isEmpty()) return tr("a bracket is not closed");
+  // The editor shows an empty box behind a last operator; the plot would have nothing to draw.
+  const QString body = linear.trimmed();
+  if (QStringLiteral("+-*/^=<>").contains(body.back())) return tr("the expression ends too early");
+  const QString normal = expression::NormaliseExpression(m_state.FunctionTokens, linear);
+  const QString row = plotcompiler::CompileInequalityRow(normal);
+  if (!row.isEmpty() && mathx::ParseRow(row).kind != mathx::MathNode::Kind::PlainText) return {};
+  QString why = mathlang::ParseLine(normal).Error;
+  // 'unknown name "foo"' reads as "unknown name: foo".
+  static const QRegularExpression quoted(QStringLiteral("^(.*) \"(.+)\"$"));
+  const auto match = quoted.match(why);
+  if (match.hasMatch()) why = match.captured(1) + QStringLiteral(": ") + match.captured(2);
+  return why.isEmpty() ? tr("this can't be read as an equation") : why;
+}
+
+void frmInsert::SetProblem(const QString& reason) {
+  const bool failed = !reason.isEmpty();
+  m_txtLinear->setProperty("invalid", failed);
+  m_txtLinear->setStyleSheet(failed ? QStringLiteral("QLineEdit { background: rgb(255, 0, 0); color: white; }") : QString());
+  m_lblReason->setText(reason);
+  m_btnInsert->setEnabled(!failed);
+  if (auto* insert = m_bars.FindControl(1032)) insert->SetEnabled(!failed);
 }
 
 void frmInsert::StandardChanged() {
@@ -135,19 +193,22 @@ void frmInsert::StandardChanged() {
 void frmInsert::LinearChanged() {
   const QString text = m_txtLinear->text();
   if (auto* derivative = m_bars.FindControl(1044)) derivative->SetEnabled(!text.startsWith(u'['));
-  if (QApplication::focusWidget() != m_txtLinear) return;
-  m_txtLinear->setProperty("invalid", false);
-  const QString row = plotcompiler::CompileInequalityRow(expression::NormaliseExpression(m_state.FunctionTokens, text));
-  const bool failed = !text.isEmpty() && (row.isEmpty() || mathx::ParseRow(row).kind == mathx::MathNode::Kind::PlainText);
-  m_txtLinear->setProperty("invalid", failed);
-  m_txtLinear->setStyleSheet(failed ? QStringLiteral("QLineEdit { background: rgb(255, 0, 0); color: white; }") : QString());
-  if (!failed) m_mthStandard->SetText(row);
+  // Written by the program from the standard style, the text is that equation's.
+  if (QApplication::focusWidget() != m_txtLinear) {
+    SetProblem(QString());
+    return;
+  }
+  const QString reason = Problem(text);
+  SetProblem(reason);
+  if (reason.isEmpty()) {
+    m_mthStandard->SetText(plotcompiler::CompileInequalityRow(expression::NormaliseExpression(m_state.FunctionTokens, text)));
+  }
 }
 
 void frmInsert::SetBoth(const QString& standard, const QString& linear) {
   const QSignalBlocker quiet(m_txtLinear);
   m_txtLinear->setText(linear);
-  m_txtLinear->setStyleSheet(QString());
+  SetProblem(QString());
   m_mthStandard->SetText(standard);
   if (auto* derivative = m_bars.FindControl(1044)) derivative->SetEnabled(!linear.startsWith(u'['));
 }
@@ -221,8 +282,12 @@ void frmInsert::DisplayCommand(ribbon::CommandControl& control) {
 }
 
 void frmInsert::Insert() {
+  // The standard style shows the last good equation while the linear text is red: that is not
+  // what the user typed, and it is not written.
+  if (m_unloading || m_txtLinear->property("invalid").toBool()) return;
   const std::int16_t source = m_state.InsertSource;
   const double index = m_state.InsertIndex;
+  m_target.Drafts().Drop(source, index);
   const QString text = m_mthStandard->Text();
   switch (source) {
     case 0: m_target.SetEditorText(0, index, text); break;
@@ -253,8 +318,28 @@ void frmInsert::Insert() {
   Unload();
 }
 
-void frmInsert::Cancel() {
+void frmInsert::btnCancel_Click() {
+  if (m_unloading) return;
+  m_target.Drafts().Drop(m_state.InsertSource, m_state.InsertIndex);
   m_target.FocusAfter(m_state.InsertSource, false);
+  Unload();
+}
+
+void frmInsert::Cancel() {
+  if (m_unloading) return;
+  m_target.FocusAfter(m_state.InsertSource, false);
+  Leave();
+}
+
+// Gone without Insert or Cancel: what differs from the opening is kept for the editor.
+void frmInsert::Leave() {
+  if (m_unloading) return;
+  const std::int16_t source = m_state.InsertSource;
+  const double index = m_state.InsertIndex;
+  const InsertDraft draft{m_base, m_mthStandard->Text(), m_txtLinear->text()};
+  const bool typed = draft.Standard != m_base || draft.Linear != m_baseLinear;
+  if (typed) m_target.Drafts().Keep(source, index, draft);
+  else m_target.Drafts().Drop(source, index);
   Unload();
 }
 
@@ -268,6 +353,7 @@ void frmInsert::Unload() {
 void frmInsert::closeEvent(QCloseEvent* event) {
   // The window's own close button is a Cancel.
   if (!m_unloading) {
+    m_target.Drafts().Drop(m_state.InsertSource, m_state.InsertIndex);
     m_target.FocusAfter(m_state.InsertSource, false);
     m_unloading = true;
     m_tmrAnimater.stop();
@@ -282,12 +368,12 @@ bool frmInsert::event(QEvent* event) {
       // A box or dialog of our own over the window is no leave.
       if (!m_answering && QApplication::activeModalWidget() == nullptr && !m_unloading) {
         const QWidget* active = QApplication::activeWindow();
-        if (active == nullptr || !isAncestorOf(active)) Unload();
+        if (active == nullptr || !isAncestorOf(active)) Leave();
       }
       break;
     case QEvent::KeyPress:
       if (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
-        Cancel();
+        btnCancel_Click();
         return true;
       }
       break;
@@ -320,10 +406,12 @@ void frmInsert::PlaceControls() {
   m_mthStandard->move(kMargin, m_lblStandard->geometry().bottom() + 4);
   const int linearHeight = m_txtLinear->sizeHint().height();
   const int labelHeight = m_lblLinear->sizeHint().height();
+  const int reasonHeight = m_lblReason->fontMetrics().height() + 2;  // kept free, so nothing jumps
   m_grpControls->setGeometry(kMargin, m_mthStandard->geometry().bottom() + 10, m_mthStandard->width(),
-                             labelHeight + 4 + linearHeight);
+                             labelHeight + 4 + linearHeight + 2 + reasonHeight);
   m_lblLinear->setGeometry(0, 0, m_grpControls->width(), labelHeight);
   m_txtLinear->setGeometry(0, labelHeight + 4, m_grpControls->width(), linearHeight);
+  m_lblReason->setGeometry(0, m_txtLinear->geometry().bottom() + 3, m_grpControls->width(), reasonHeight);
   const QSize button = m_btnInsert->sizeHint().expandedTo(m_btnCancel->sizeHint()).expandedTo(QSize(96, 0));
   const int bottom = m_grpAllControls->height() - kMargin - button.height();
   m_btnCancel->setGeometry(m_grpAllControls->width() - kMargin - button.width(), bottom, button.width(), button.height());

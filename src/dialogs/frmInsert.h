@@ -23,7 +23,10 @@ namespace dialogs {
 // The large editor for one equation, shown in two styles that follow each other: typeset in
 // mthStandard and as plain text in txtLinear. Insert writes the equation back to the editor of
 // the main form it came from (InsertSource, InsertIndex); Cancel, closing and losing the
-// activation write nothing. Its menu bar (Ribbon/Menubar.xcb) holds point templates, the
+// activation write nothing. Insert writes only what the standard style shows: while the linear
+// text can't be read (red), Insert waits and the reason stands under the field. Losing the
+// activation keeps what was typed as a draft for that editor, shown again at its next opening,
+// until Insert or Cancel. Its menu bar (Ribbon/Menubar.xcb) holds point templates, the
 // derivative and display commands. The window grows with the equation and shrinks back.
 class frmInsert : public QDialog {
   Q_OBJECT
@@ -37,13 +40,23 @@ public:
   QLineEdit* txtLinear() const { return m_txtLinear; }
   QPushButton* btnInsert() const { return m_btnInsert; }
   QPushButton* btnCancel() const { return m_btnCancel; }
+  // Why the linear text can't be inserted, in words; empty when it can.
+  QLabel* lblReason() const { return m_lblReason; }
   ribbon::CommandBars& CommandBars() { return m_bars; }
   QMenuBar* MenuBar() const { return m_menuBar; }
 
   // The menu bar's commands, by the control that fired.
   void CommandBars_Execute(ribbon::CommandControl& control);
   void Insert();
+  // The user's Cancel (the button, Escape, the window's close button): nothing is written and
+  // the draft for the editor goes.
+  void btnCancel_Click();
+  // Closes the dialog writing nothing, as the main form does when it must go; what was typed
+  // stays as the editor's draft.
   void Cancel();
+  // Why a linear text can't be turned into an equation ("a bracket is not closed", "unknown
+  // name: foo"); empty when it can.
+  QString Problem(const QString& linear) const;
   // The size the window grows towards, and one step of the growing (the timer's tick).
   QSize WantedSize() const;
   void Animate();
@@ -61,6 +74,8 @@ private:
   void DisplayCommand(ribbon::CommandControl& control);
   void SetBoth(const QString& standard, const QString& linear);
   void Unload();
+  void Leave();
+  void SetProblem(const QString& reason);
   void PlaceControls();
 
   core::SharedState& m_state;
@@ -76,6 +91,9 @@ private:
   QLineEdit* m_txtLinear;
   QPushButton* m_btnInsert;
   QPushButton* m_btnCancel;
+  QLabel* m_lblReason;
+  QString m_base;        // the editor's text as the dialog opened with it, in the standard style
+  QString m_baseLinear;  // and in the linear style
   QTimer m_tmrAnimater;
   bool m_unloading = false;
   bool m_answering = false;  // a message box of ours is up: losing the activation to it is no leave

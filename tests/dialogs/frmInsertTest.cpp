@@ -12,11 +12,13 @@
 #include "StateSupport.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QTest>
 
+#include <functional>
 #include <map>
 
 using dialogs::frmInsert;
@@ -345,4 +347,156 @@ TEST(frmInsert, TheWindowGrowsWithTheEquationAndSnapsBack) {
   d.mthStandard()->SetText("y=x");
   d.Animate();
   EXPECT_EQ(d.size(), rest);
+}
+
+TEST(frmInsert, ARedLinearTextHoldsInsertBackAndSaysWhy) {
+  struct Case {
+    const char* typed;
+    const char* reason;
+  };
+  const Case cases[] = {
+      {"y=sin(x", "a bracket is not closed"},
+      {"y=(x+1", "a bracket is not closed"},
+      {"y=x)", "a bracket is closed that was never opened"},
+      {"y=[x)", "a bracket is closed with the wrong kind"},
+      {"y=x+", "the expression ends too early"},
+  };
+  for (const Case& c : cases) {
+    DialogFixture f;
+    f.target.texts[{0, 1}] = "y=x";
+    frmInsert& d = f.Open(0, 1);
+    EXPECT_TRUE(d.btnInsert()->isEnabled());
+    EXPECT_EQ(d.lblReason()->text(), "");
+    EXPECT_FALSE(d.lblReason()->accessibleName().isEmpty());
+    f.TypeLinear(c.typed);
+    EXPECT_TRUE(d.txtLinear()->property("invalid").toBool()) << c.typed;
+    EXPECT_EQ(d.txtLinear()->text(), c.typed) << "what was typed stays whole";
+    EXPECT_EQ(d.lblReason()->text(), c.reason) << c.typed;
+    EXPECT_EQ(d.Problem(c.typed), c.reason) << c.typed;
+    EXPECT_FALSE(d.btnInsert()->isEnabled()) << c.typed;
+    EXPECT_FALSE(d.CommandBars().FindControl(1032)->Enabled()) << c.typed;
+    // The standard style still shows an older equation: none of the ways to Insert writes it.
+    QTest::mouseClick(d.btnInsert(), Qt::LeftButton);
+    f.Execute(1032);
+    d.Insert();
+    EXPECT_TRUE(f.target.writes.isEmpty()) << c.typed;
+    EXPECT_FALSE(d.isHidden()) << c.typed;
+    // Mended, Insert writes what is shown.
+    f.TypeLinear("y=2x");
+    EXPECT_EQ(d.lblReason()->text(), "");
+    EXPECT_TRUE(d.btnInsert()->isEnabled());
+    QTest::mouseClick(d.btnInsert(), Qt::LeftButton);
+    EXPECT_EQ(f.target.writes, QStringList{"0/1=y=2*x"}) << c.typed;
+  }
+}
+
+TEST(frmInsert, AnUnknownNameIsNamed) {
+  DialogFixture f;
+  frmInsert& d = f.Open(0, 0);
+  EXPECT_EQ(d.Problem("y=2x"), "");
+  EXPECT_EQ(d.Problem(""), "");
+  EXPECT_EQ(d.Problem("[x,y;1,2]"), "");
+  EXPECT_EQ(d.Problem("command==>[showgrid]"), "");
+  for (const QString& text : {QString("hello world"), QString("y=x;;"), QString("=="), QString(";")}) {
+    const QString reason = d.Problem(text);
+    f.TypeLinear(text);
+    if (d.txtLinear()->property("invalid").toBool()) {
+      EXPECT_FALSE(reason.isEmpty()) << text.toStdString();
+      EXPECT_EQ(d.lblReason()->text(), reason);
+    }
+  }
+}
+
+TEST(frmInsert, TheStandardStyleEditedClearsTheRed) {
+  DialogFixture f;
+  frmInsert& d = f.Open(0, 0);
+  f.TypeLinear("y=(x");
+  ASSERT_FALSE(d.btnInsert()->isEnabled());
+  QApplication::setActiveWindow(&d);
+  d.mthStandard()->setFocus();
+  d.mthStandard()->SetText("y=x^2");
+  EXPECT_TRUE(d.btnInsert()->isEnabled());
+  EXPECT_EQ(d.lblReason()->text(), "");
+  d.Insert();
+  EXPECT_EQ(f.target.writes, QStringList{"0/0=y=x^2"});
+}
+
+// Each way the dialog goes, and whether the next opening for the same editor shows the text typed.
+TEST(frmInsert, WhatWasTypedComesBackUntilInsertOrCancel) {
+  struct Case {
+    const char* name;
+    std::function<void(frmInsert&)> leave;
+    bool kept;
+  };
+  const Case cases[] = {
+      {"a click elsewhere",
+       [](frmInsert& d) {
+         QApplication::setActiveWindow(nullptr);
+         QEvent leave(QEvent::WindowDeactivate);
+         QApplication::sendEvent(&d, &leave);
+       },
+       true},
+      {"the main form closes it", [](frmInsert& d) { d.Cancel(); }, true},
+      {"Cancel", [](frmInsert& d) { QTest::mouseClick(d.btnCancel(), Qt::LeftButton); }, false},
+      {"Escape", [](frmInsert& d) { QTest::keyClick(&d, Qt::Key_Escape); }, false},
+      {"the close button", [](frmInsert& d) { d.close(); }, false},
+  };
+  for (const Case& c : cases) {
+    DialogFixture f;
+    f.target.texts[{0, 2}] = "y=x";
+    f.target.texts[{0, 3}] = "y=1";
+    f.Open(0, 2);
+    f.TypeLinear("y=3x+");  // red, as typing leaves it midway
+    c.leave(*f.dialog);
+    EXPECT_TRUE(f.target.writes.isEmpty()) << c.name;
+    QApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    // Another editor shows its own text.
+    frmInsert& other = f.Open(0, 3);
+    EXPECT_EQ(other.txtLinear()->text(), "y=1") << c.name;
+    other.Cancel();
+    QApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    frmInsert& again = f.Open(0, 2);
+    if (!c.kept) {
+      EXPECT_EQ(again.txtLinear()->text(), "y=x") << c.name;
+      EXPECT_TRUE(again.btnInsert()->isEnabled()) << c.name;
+      continue;
+    }
+    EXPECT_EQ(again.txtLinear()->text(), "y=3x+") << c.name;
+    EXPECT_EQ(again.lblReason()->text(), "the expression ends too early") << c.name;
+    EXPECT_FALSE(again.btnInsert()->isEnabled()) << c.name;
+    f.TypeLinear("y=3x+1");
+    again.Insert();
+    EXPECT_EQ(f.target.writes, QStringList{"0/2=y=3*x+1"}) << c.name;
+    // Inserted, the draft is done with.
+    QApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(f.Open(0, 2).txtLinear()->text(), "y=3*x+1") << c.name;
+  }
+}
+
+TEST(frmInsert, ADraftIsNotShownOnceItsEditorHoldsAnotherText) {
+  DialogFixture f;
+  f.target.texts[{3, 1}] = "sin(x)";
+  f.Open(3, 1);
+  f.TypeLinear("cos(x)*2");
+  f.dialog->Cancel();
+  QApplication::processEvents();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_EQ(f.Open(3, 1).txtLinear()->text(), "cos(x)*2");
+  f.dialog->Cancel();
+  QApplication::processEvents();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  f.target.texts[{3, 1}] = "x*y";
+  EXPECT_EQ(f.Open(3, 1).txtLinear()->text(), "x*y");
+}
+
+TEST(frmInsert, ALongTextIsNeverCutShort) {
+  DialogFixture f;
+  frmInsert& d = f.Open(0, 0);
+  const QString text = "y=" + QString("x+").repeated(20000) + "1";
+  d.txtLinear()->setFocus();
+  d.txtLinear()->setText(text);
+  EXPECT_EQ(d.txtLinear()->text(), text);
 }
