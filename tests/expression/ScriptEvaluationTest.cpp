@@ -62,13 +62,42 @@ TEST_F(Evaluation, MathErrorIsClearedAtTheStartOfEachEvaluation) {
   EXPECT_FALSE(state.MathError);
 }
 
-TEST_F(Evaluation, ConstantsGoInAsPlainText) {
-  Define(0, "1+2");  // a
-  EXPECT_EQ(SubstituteConstants(state, "y=2*a"), "y=2*1+2");
-  EXPECT_EQ(evaluation.EvaluateExpression("2*a"), 4);  // 2*1+2, not 2*(1+2)
-  // The normaliser puts no star before a constant: "2a" becomes "21+2".
-  EXPECT_EQ(evaluation.EvaluateExpression("2a"), 23);
-  EXPECT_EQ(SubstituteConstants(state, "y=a*x"), "y=1+2*x");
+TEST_F(Evaluation, AConstantGoesInAsOneFactor) {
+  struct Case {
+    const char* value;  // of a
+    const char* text;
+    const char* substituted;
+  } cases[] = {
+      {"2", "y=2ax^2", "y=2*2*x^2"},
+      {"-1", "y=2ax^2", "y=2*(-1)*x^2"},
+      {"2+3", "y=ax", "y=(2+3)*x"},
+      {"2", "y=a*x", "y=2*x"},
+      {"1+2", "y=a*x", "y=(1+2)*x"},
+      {"1+2", "y=2*a", "y=2*(1+2)"},
+      {"-1", "y=a^2", "y=(-1)^2"},
+      {"-1", "y=x^a", "y=x^(-1)"},
+      {"2", "y=sin(a)", "y=sin(2)"},
+      {"2", "y=aa", "y=2*2"},
+      {"0.5", "y=a(x+1)", "y=0.5*(x+1)"},
+      {"2", "y=(x+1)a", "y=(x+1)*2"},
+      {"2", "y=2pi a", "y=2pi *2"},
+      {"3", "y=api", "y=3*pi"},
+      {"1e3", "y=ax", "y=1e3*x"},
+      {"2", "y=sin(x) a", "y=sin(x) *2"},
+  };
+  for (const Case& c : cases) {
+    Define(0, c.value);
+    EXPECT_EQ(SubstituteConstants(state, c.text), c.substituted) << c.value << " in " << c.text;
+  }
+  // The same in number fields: a point (2a, 1) with a=2 is (4, 1).
+  Define(0, "2");
+  EXPECT_EQ(evaluation.EvaluateExpression("2a"), 4);
+  Define(0, "-1");
+  EXPECT_EQ(evaluation.EvaluateExpression("2a"), -2);
+  EXPECT_EQ(evaluation.EvaluateExpression("a^2"), 1);
+  Define(0, "1+2");
+  EXPECT_EQ(evaluation.EvaluateExpression("2*a"), 6);
+  EXPECT_EQ(evaluation.EvaluateExpression("2a"), 6);
 }
 
 TEST_F(Evaluation, AnUndefinedConstantIsDeleted) {

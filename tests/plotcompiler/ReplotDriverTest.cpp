@@ -74,6 +74,25 @@ TEST(ReplotDriver, AConstantRowBelowTheRowThatUsesItStillApplies) {
   EXPECT_EQ(f.plot.Calls("AddFunction"), (QStringList{"AddFunction 1 y=2*x color=255 kind=1 o2=0 o0=0 o3=1 style=0,2"}));
 }
 
+TEST(ReplotDriver, AConstantIsOneFactorBesideANumberOrAName) {
+  const struct {
+    QStringList rows;
+    const char* line;
+  } cases[] = {
+      {{"a=2", "y=2ax^2"}, "AddFunction 2 y=2*2*x^2 color=255 kind=1 o2=0 o0=0 o3=1 style=0,2"},
+      {{"a=-1", "y=2ax^2"}, "AddFunction 2 y=2*(-1)*x^2 color=255 kind=1 o2=0 o0=0 o3=1 style=0,2"},
+      {{"a=2+3", "y=ax"}, "AddFunction 2 y=(2+3)*x color=255 kind=1 o2=0 o0=0 o3=1 style=0,2"},
+  };
+  for (const auto& c : cases) {
+    ReplotFixture f;
+    f.Replot(c.rows);
+    EXPECT_EQ(f.plot.Calls("AddFunction"), QStringList{c.line}) << c.rows.join(", ").toStdString();
+  }
+  ReplotFixture f;
+  f.Replot({"[x,y;2a,1]", "a=2"});
+  EXPECT_EQ(f.plot.Calls("AddPoint"), (QStringList{"AddPoint 1 4,1 form=1 color=255 o3=1"}));
+}
+
 TEST(ReplotDriver, ADeletedConstantRowStaysInForceUntilAnotherAssignsIt) {
   ReplotFixture f;
   f.Replot({"y=a*x", "a=2"});
