@@ -122,6 +122,13 @@ void frmRange::Fill(double xMin, double xMax, double yMin, double yMax) {
 }
 
 void frmRange::Form_Activate() {
+  // What the user typed stays; the rest is filled anew.
+  QHash<QString, QString> typed;
+  for (auto it = m_filled.cbegin(); it != m_filled.cend(); ++it) {
+    const QString text = Field(it.key())->text();
+    if (text != it.value()) typed.insert(it.key(), text);
+  }
+  if (!m_unloading && !m_timer.isActive()) m_timer.start(1);
   const QString mode = Mode();
   m_label->setText(mode + u':');
   const bool is3D = Is3D();
@@ -139,6 +146,12 @@ void frmRange::Form_Activate() {
     Field(QStringLiteral("txt_zMin"))->setText(core::FormatNumber(m_plot3d.ZMin()));
     Field(QStringLiteral("txt_ZMAX"))->setText(core::FormatNumber(m_plot3d.ZMax()));
   }
+  m_filled.clear();
+  for (const char* name : kFields) {
+    const QString field = QString::fromLatin1(name);
+    m_filled.insert(field, Field(field)->text());
+  }
+  for (auto it = typed.cbegin(); it != typed.cend(); ++it) Field(it.key())->setText(it.value());
 }
 
 void frmRange::btnCurrentRange_Click() {
@@ -190,6 +203,12 @@ void frmRange::btnOK_Click() {
   }
 }
 
+void frmRange::Leave() {
+  if (m_unloading || isHidden()) return;
+  m_timer.stop();
+  hide();
+}
+
 void frmRange::Unload() {
   if (m_unloading) return;
   m_unloading = true;
@@ -201,7 +220,7 @@ bool frmRange::event(QEvent* event) {
   switch (event->type()) {
     case QEvent::WindowActivate: Form_Activate(); break;
     case QEvent::WindowDeactivate:
-      if (QApplication::activeModalWidget() == nullptr) Unload();
+      if (QApplication::activeModalWidget() == nullptr) Leave();
       break;
     case QEvent::KeyPress:
       if (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {

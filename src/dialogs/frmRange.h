@@ -4,6 +4,7 @@
 #include "plot3d/Plot3D.h"
 
 #include <QDialog>
+#include <QHash>
 #include <QTimer>
 
 #include <functional>
@@ -16,8 +17,10 @@ namespace dialogs {
 
 // The limits of the plot, in one of three modes that the form's tag names: "Plot Range" (the
 // plot's current range), "Default Range" (the range a reset returns to) and "3D Range" (the box of
-// the 3D plot). The fields are expressions. It grows open from nothing and goes as soon as it
-// loses the activation, applying nothing.
+// the 3D plot). The fields are expressions. It grows open from nothing. When it loses the
+// activation it applies nothing and is only put away, with what was typed: shown again, it holds
+// the typed fields as they were, and the others follow the plot. OK, Cancel, Escape and closing
+// the window end it.
 class frmRange : public QDialog {
   Q_OBJECT
 
@@ -32,6 +35,9 @@ public:
   QPushButton* btnCurrentRange() const { return m_range; }
   QPushButton* btnOK() const { return m_ok; }
   QPushButton* btnCancel() const { return m_cancel; }
+
+  // Gone for good: OK, Cancel, Escape or the window closed.
+  bool Unloading() const { return m_unloading; }
 
   void Form_Activate();
   void btnCurrentRange_Click();
@@ -49,6 +55,8 @@ private:
   void Fill(double xMin, double xMax, double yMin, double yMax);
   void Set(const char* field, const std::function<void(double)>& set);
   void Unload();
+  // A click elsewhere: put away, the fields as they are.
+  void Leave();
 
   plot2d::Plot& m_plot;
   std::function<void()> m_redrawPlot;
@@ -62,6 +70,8 @@ private:
   QPushButton* m_cancel;
   QTimer m_timer;
   bool m_unloading = false;
+  // Each field's text as the last activation filled it in: a field that differs was typed into.
+  QHash<QString, QString> m_filled;
 };
 
 }  // namespace dialogs

@@ -526,10 +526,14 @@ void frmMain::CloseInsert() {
 }
 
 void frmMain::ShowRange(const QString& mode, QPoint at) {
-  if (m_range) m_range->close();
-  m_range = new dialogs::frmRange(
-      mode, m_plot->Scene(), [this] { m_plot->Redraw(); }, m_plot3d->Scene(), [this] { m_plot3d->Redraw(); },
-      [this](const QString& text) { return m_evaluation.EvaluateExpression(text); }, this);
+  // The dialog put away by a click elsewhere comes back in its mode with what was typed.
+  const bool again = m_range && !m_range->Unloading() && core::Tag(m_range) == mode;
+  if (!again) {
+    if (m_range) m_range->close();
+    m_range = new dialogs::frmRange(
+        mode, m_plot->Scene(), [this] { m_plot->Redraw(); }, m_plot3d->Scene(), [this] { m_plot3d->Redraw(); },
+        [this](const QString& text) { return m_evaluation.EvaluateExpression(text); }, this);
+  }
   m_range->move(at);
   m_range->show();
   m_range->activateWindow();

@@ -167,3 +167,69 @@ TEST(frmRange, ItGrowsOpenToItsSize) {
     EXPECT_LE(d.btnOK()->geometry().bottom(), d.height() - core::Px(60));
   }
 }
+
+// A click elsewhere only puts the dialog away: shown again, it holds what was typed, while the
+// fields the user did not touch follow the plot. Only OK, Cancel, Escape or closing end it.
+TEST(frmRange, WhatWasTypedOutlivesAClickElsewhere) {
+  struct Case {
+    const char* mode;
+    const char* field;
+    const char* typed;
+    const char* untouched;  // a field left alone: it shows the plot's limit of the moment
+    const char* follows;
+  };
+  const Case cases[] = {
+      {"Plot Range", "txtXmax", "2*pi", "txtYmin", "-6"},
+      {"Default Range", "txtYmin", "-e", "txtXmax", "10"},
+      {"3D Range", "txt_zMin", "-3/2", "txtXmin", "-6"},
+  };
+  for (const Case& c : cases) {
+    RangeFixture f;
+    const double zMin = f.plot3d.ZMin();
+    frmRange& d = f.Open(c.mode);
+    QLineEdit* field = d.Field(c.field);
+    field->selectAll();
+    QTest::keyClick(field, Qt::Key_Delete);
+    QTest::keyClicks(field, c.typed);
+    QEvent leave(QEvent::WindowDeactivate);
+    QApplication::sendEvent(&d, &leave);
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    ASSERT_FALSE(f.dialog.isNull()) << c.mode;
+    EXPECT_TRUE(d.isHidden()) << c.mode;
+    EXPECT_EQ(f.plot.XMax(), 10) << c.mode;
+    EXPECT_EQ(f.plot.DefaultYMin(), -10) << c.mode;
+    EXPECT_EQ(f.plot3d.ZMin(), zMin) << c.mode;
+    // Meanwhile the plot moved.
+    f.plot.SetYMin(-6), f.plot.SetXMin(-6), f.plot3d.SetXMin(-6);
+    d.show();
+    d.Form_Activate();
+    EXPECT_EQ(f.Text(c.field), c.typed) << c.mode;
+    EXPECT_EQ(f.Text(c.untouched), c.follows) << c.mode;
+    EXPECT_EQ(d.lblRange()->text(), QString(c.mode) + ":") << c.mode;
+  }
+}
+
+TEST(frmRange, OkCancelEscapeAndClosingEndWhatWasTyped) {
+  const char* const ends[] = {"OK", "Cancel", "Escape", "close"};
+  for (const char* end : ends) {
+    RangeFixture f;
+    frmRange& d = f.Open("Plot Range");
+    QLineEdit* field = d.Field("txtXmin");
+    field->selectAll();
+    QTest::keyClick(field, Qt::Key_Delete);
+    QTest::keyClicks(field, "-1");
+    QEvent leave(QEvent::WindowDeactivate);
+    QApplication::sendEvent(&d, &leave);
+    d.show();
+    d.Form_Activate();
+    ASSERT_EQ(f.Text("txtXmin"), "-1") << end;
+    const QString how(end);
+    if (how == "OK") QTest::mouseClick(d.btnOK(), Qt::LeftButton);
+    else if (how == "Cancel") QTest::mouseClick(d.btnCancel(), Qt::LeftButton);
+    else if (how == "Escape") QTest::keyClick(field, Qt::Key_Escape);
+    else d.close();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(f.dialog.isNull()) << end;
+    EXPECT_EQ(f.plot.XMin(), how == "OK" ? -1 : -10) << end;
+  }
+}

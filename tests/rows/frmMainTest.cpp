@@ -15,7 +15,9 @@
 #include "QtPrinters.h"
 #include "StateSupport.h"
 
+#include <QApplication>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTabBar>
@@ -231,5 +233,45 @@ TEST(frmMain, FunctionsTypedInTheLinearStyleAreDrawn) {
     EXPECT_EQ(form.Plot().Scene().LastDrawing().Curves.size(), 1u) << typed << " stored as "
                                                                     << form.Functions().Row(0).mthFunction->Text().toStdString();
     EXPECT_TRUE(form.Plot().Scene().Problems().isEmpty()) << typed;
+  }
+}
+
+// The range dialog put away by a click elsewhere comes back with what was typed when it is asked
+// for again in the same mode; another mode starts afresh from the plot.
+TEST(frmMain, TheRangeDialogAskedForAgainShowsWhatWasTyped) {
+  struct Case {
+    const char* first;
+    const char* again;
+    const char* shown;  // txtXmin when it opens again
+  };
+  const Case cases[] = {
+      {"Plot Range", "Plot Range", "-2*pi"},
+      {"3D Range", "3D Range", "-2*pi"},
+      {"Default Range", "Default Range", "-2*pi"},
+      {"Plot Range", "3D Range", "-5"},
+      {"Default Range", "Plot Range", "-10"},
+  };
+  for (const Case& c : cases) {
+    FormFixture f;
+    rows::frmMain& form = f.Form();
+    form.ShowRange(c.first, QPoint(100, 100));
+    QPointer<dialogs::frmRange> range = form.Range();
+    ASSERT_NE(range, nullptr) << c.first;
+    range->Form_Activate();
+    QLineEdit* field = range->Field("txtXmin");
+    field->selectAll();
+    QTest::keyClick(field, Qt::Key_Delete);
+    QTest::keyClicks(field, "-2*pi");
+    QEvent leave(QEvent::WindowDeactivate);
+    QApplication::sendEvent(range, &leave);
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    form.ShowRange(c.again, QPoint(100, 100));
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    ASSERT_NE(form.Range(), nullptr) << c.first;
+    form.Range()->Form_Activate();
+    EXPECT_EQ(core::Tag(form.Range()), c.again) << c.first;
+    EXPECT_TRUE(form.Range()->isVisible()) << c.first;
+    EXPECT_EQ(form.Range()->Field("txtXmin")->text(), c.shown) << c.first << " then " << c.again;
+    EXPECT_EQ(form.Plot().Scene().XMin(), -10) << c.first;
   }
 }
