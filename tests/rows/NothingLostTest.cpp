@@ -16,8 +16,7 @@
 
 #include <gtest/gtest.h>
 
-#include "FakeDesktop.h"
-#include "StateSupport.h"
+#include "MainWindowFixture.h"
 
 #include <QApplication>
 #include <QFile>
@@ -31,11 +30,7 @@ namespace {
 
 using Answer = platform::MessageBoxes::Answer;
 
-struct Window {
-  Window() : state(InitialisedState()) {
-    form = std::make_unique<rows::frmMain>(state, rows::MainServices{settings, boxes, colors, files, desktop});
-  }
-  rows::frmMain* operator->() { return form.get(); }
+struct Window : MainWindowFixture {
   rows::FunctionList& Rows() { return form->Functions(); }
   void Fill(const QStringList& texts) {
     for (int i = 0; i < texts.size(); ++i) {
@@ -43,14 +38,12 @@ struct Window {
       Rows().Row(i).mthFunction->SetText(texts[i]);
     }
   }
-  // A command by id, as the ribbon or a row's menu runs it.
+  // A command by id on a row, as the row's menu runs it.
   void Run(std::int32_t id, int row = 0) {
     form->FunctionMenu().Prepare(row);
-    if (ribbon::CommandControl* control = form->CommandBars().FindControl(id)) return form->CommandBars().Execute(*control);
-    own.push_back(std::make_unique<ribbon::CommandControl>(ribbon::ControlKind::Button, id));
-    form->CommandBars().Execute(*own.back());
+    MainWindowFixture::Run(id);
   }
-  const project::ProjectForm& ProjectOf();
+  const project::ProjectForm& ProjectOf() { return form->ProjectInterface(); }
   // Three rows, saved to a file: a project with nothing unsaved.
   QString SavedProject(const QTemporaryDir& dir) {
     Fill({"y=x", "y=x^2", "y=sin(x)"});
@@ -61,15 +54,6 @@ struct Window {
     EXPECT_FALSE(state.ProjectChanged);
     return path;
   }
-
-  core::SharedState state;
-  MemorySettings settings;
-  RecordingBoxes boxes;
-  ScriptedColors colors;
-  ScriptedFiles files;
-  RecordingDesktop desktop;
-  std::unique_ptr<rows::frmMain> form;
-  std::vector<std::unique_ptr<ribbon::CommandControl>> own;
 };
 
 QByteArray Bytes(const QString& path) {
@@ -111,9 +95,6 @@ struct ChangeCase {
 };
 
 }  // namespace
-
-// The main form's project interface, as the reader and writer see it.
-const project::ProjectForm& Window::ProjectOf() { return form->ProjectInterface(); }
 
 TEST(NothingLost, EveryChangeThatTheFileKeepsMarksTheProject) {
   const ChangeCase cases[] = {

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "FakeDesktop.h"
+#include "MainWindowFixture.h"
 #include "StateSupport.h"
 
 #include <QDir>
@@ -20,25 +20,7 @@ namespace {
 
 using Box = platform::MessageBoxes;
 
-struct PictureWindow {
-  PictureWindow() : state(InitialisedState()) {
-    form = std::make_unique<rows::frmMain>(state, rows::MainServices{settings, boxes, colors, files, desktop});
-  }
-  void Run(std::int32_t id) {
-    if (ribbon::CommandControl* control = form->CommandBars().FindControl(id)) return form->CommandBars().Execute(*control);
-    own.push_back(std::make_unique<ribbon::CommandControl>(ribbon::ControlKind::Button, id));
-    form->CommandBars().Execute(*own.back());
-  }
-
-  core::SharedState state;
-  MemorySettings settings;
-  RecordingBoxes boxes;
-  ScriptedColors colors;
-  ScriptedFiles files;
-  RecordingDesktop desktop;
-  std::unique_ptr<rows::frmMain> form;
-  std::vector<std::unique_ptr<ribbon::CommandControl>> own;
-};
+using PictureWindow = MainWindowFixture;
 
 QByteArray Contents(const QString& path) {
   QFile file(path);
