@@ -25,7 +25,7 @@ bool RowPopup::event(QEvent* event) {
   switch (event->type()) {
     case QEvent::WindowActivate: Form_Activate(); break;
     case QEvent::WindowDeactivate:
-      if (!m_answering && !m_unloading && QApplication::activeModalWidget() == nullptr) Unload();
+      if (!m_answering && !m_unloading && QApplication::activeModalWidget() == nullptr) Leave();
       break;
     case QEvent::KeyPress:
       if (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {

@@ -230,6 +230,13 @@ void frmPointEvaluator::btnNew_Click() {
   if (openTable) openTable(tag, at);
 }
 
+void frmPointEvaluator::Leave() {
+  if (Unloading() || isHidden()) return;
+  // The equation is read from the row again when it comes back; the range stays as typed.
+  m_filled = false;
+  hide();
+}
+
 void frmPointEvaluator::btnCancel_Click() {
   if (Unloading()) return;
   const int row = Row();

@@ -26,7 +26,8 @@ namespace dialogs {
 // hands the points editor a description "row;expression;name;from;to;step" as its tag, and the
 // editor computes them when it opens. Table opens the editor empty, for typing by hand. The form
 // keeps the number of points that the table will get up to date under the fields, red when it is no
-// count of 1 to 50.
+// count of 1 to 50. A click elsewhere only puts it away with what was typed; asked for again for
+// the same row, it shows the range as it was left and the row's equation as it reads then.
 class frmPointEvaluator : public RowPopup {
   Q_OBJECT
 
@@ -58,6 +59,9 @@ public:
   void btnEvaluate_Click();
   void btnNew_Click();
   void btnCancel_Click() override;
+
+protected:
+  void Leave() override;
 
 private:
   void SetCountColor(int color);

@@ -33,6 +33,11 @@ void RowDialogs::ShowPoints(int row) {
     ShowPointTable(QString::number(row), PlaceFor(row));
     return;
   }
+  // The evaluator put away by a click elsewhere comes back for its row with what was typed.
+  if (m_evaluator && !m_evaluator->Unloading() && m_evaluator->Row() == row) {
+    Present(m_evaluator, PlaceFor(row));
+    return;
+  }
   delete m_evaluator.data();
   m_evaluator = new dialogs::frmPointEvaluator(
       row, *this, m_state, m_evaluation, m_boxes, [this](const QString& tag, const QPoint& at) { ShowPointTable(tag, at); },

@@ -36,7 +36,8 @@ public:
   // The move dialog for a row.
   void ShowMoveTo(int row);
   // A point list opens in the points editor; any other equation in the evaluator first; an
-  // empty row gets an empty editor.
+  // empty row gets an empty editor. The evaluator of the same row, put away by a click elsewhere,
+  // comes back as it was left.
   void ShowPoints(int row);
   // The points editor for a tag: a row's index, or "row;expression;name;from;to;step".
   void ShowPointTable(const QString& tag, QPoint at);

@@ -434,3 +434,72 @@ TEST(frmPointEvaluator, AnyTextInAnyFieldNeverBreaksIt) {
     SUCCEED() << text.toStdString();
   }
 }
+
+// A click elsewhere only puts the evaluator away: shown again, it holds the range as it was typed,
+// with its count, and the equation of the row as the row reads now.
+TEST(frmPointEvaluator, WhatWasTypedOutlivesAClickElsewhere) {
+  struct Case {
+    const char* from;
+    const char* to;
+    const char* step;
+    const char* count;
+    bool red;
+  };
+  const Case cases[] = {
+      {"0", "2*pi", "1", "Number of points: 7", false},
+      {"-1", "1", "0.01", "Number of points: 201", true},
+      {"3", "-3", "1", "Number of points: -6", true},
+  };
+  for (const Case& c : cases) {
+    EvaluatorFixture f;
+    frmPointEvaluator& d = f.Open(0);
+    for (auto [field, text] : {std::pair{d.txtFrom(), c.from}, {d.txtTo(), c.to}, {d.txtStep(), c.step}}) {
+      field->selectAll();
+      QTest::keyClick(field, Qt::Key_Delete);
+      QTest::keyClicks(field, text);
+    }
+    QEvent leave(QEvent::WindowDeactivate);
+    QApplication::sendEvent(&d, &leave);
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    ASSERT_FALSE(f.dialog.isNull()) << c.from;
+    EXPECT_TRUE(d.isHidden()) << c.from;
+    EXPECT_TRUE(f.tags.isEmpty()) << c.from;
+    // Meanwhile the row was edited.
+    f.rows.texts[0] = QStringLiteral("y=x^2");
+    d.show();
+    d.Form_Activate();
+    EXPECT_EQ(d.txtFrom()->text(), c.from);
+    EXPECT_EQ(d.txtTo()->text(), c.to);
+    EXPECT_EQ(d.txtStep()->text(), c.step);
+    EXPECT_EQ(f.Count(), c.count);
+    EXPECT_EQ(f.Red(), c.red) << c.from;
+    EXPECT_EQ(d.mthEquation()->Text(), "y=x^2") << c.from;
+  }
+}
+
+TEST(frmPointEvaluator, EvaluateTableCancelEscapeAndClosingEndWhatWasTyped) {
+  const char* const ends[] = {"Evaluate", "Table", "Cancel", "Escape", "close"};
+  for (const char* end : ends) {
+    EvaluatorFixture f;
+    frmPointEvaluator& d = f.Open(0);
+    d.txtTo()->selectAll();
+    QTest::keyClick(d.txtTo(), Qt::Key_Delete);
+    QTest::keyClicks(d.txtTo(), "1");
+    QEvent leave(QEvent::WindowDeactivate);
+    QApplication::sendEvent(&d, &leave);
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    ASSERT_FALSE(f.dialog.isNull()) << end;
+    d.show();
+    d.Form_Activate();
+    ASSERT_EQ(d.txtTo()->text(), "1") << end;
+    const QString how(end);
+    if (how == "Evaluate") QTest::mouseClick(d.btnEvaluate(), Qt::LeftButton);
+    else if (how == "Table") QTest::mouseClick(d.btnNew(), Qt::LeftButton);
+    else if (how == "Cancel") QTest::mouseClick(d.btnCancel(), Qt::LeftButton);
+    else if (how == "Escape") QTest::keyClick(d.txtTo(), Qt::Key_Escape);
+    else d.close();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(f.dialog.isNull()) << end;
+    EXPECT_EQ(f.tags.size(), how == "Evaluate" || how == "Table" ? 1 : 0) << end;
+  }
+}

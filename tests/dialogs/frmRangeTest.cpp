@@ -220,6 +220,8 @@ TEST(frmRange, OkCancelEscapeAndClosingEndWhatWasTyped) {
     QTest::keyClicks(field, "-1");
     QEvent leave(QEvent::WindowDeactivate);
     QApplication::sendEvent(&d, &leave);
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    ASSERT_FALSE(f.dialog.isNull()) << end;
     d.show();
     d.Form_Activate();
     ASSERT_EQ(f.Text("txtXmin"), "-1") << end;

@@ -255,3 +255,42 @@ TEST(RowDialogs, TheWindowClosesWithItsDialogsOpen) {
 }
 
 }  // namespace
+
+// The evaluator put away by a click elsewhere comes back with its typed range when the same row
+// asks for it again; another row gets a fresh one.
+TEST(RowDialogs, TheEvaluatorAskedForAgainShowsWhatWasTyped) {
+  struct Case {
+    int first;
+    int again;
+    const char* from;  // txtFrom when it opens again
+    const char* equation;
+  };
+  const Case cases[] = {
+      {0, 0, "-pi", "y=x^2"},
+      {1, 1, "-pi", "y=3"},
+      {0, 1, "-4", "y=3"},
+  };
+  for (const Case& c : cases) {
+    Window w;
+    w.Fill({"y=x^2", "y=3"});
+    w.RunOnRow(c.first, 1174);
+    QPointer<dialogs::frmPointEvaluator> evaluator = w.Dialogs().Evaluator();
+    ASSERT_NE(evaluator, nullptr) << c.first;
+    evaluator->txtFrom()->selectAll();
+    QTest::keyClick(evaluator->txtFrom(), Qt::Key_Delete);
+    QTest::keyClicks(evaluator->txtFrom(), "-pi");
+    QEvent leave(QEvent::WindowDeactivate);
+    QApplication::sendEvent(evaluator, &leave);
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    w.RunOnRow(c.again, 1174);
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    dialogs::frmPointEvaluator* shown = w.Dialogs().Evaluator();
+    ASSERT_NE(shown, nullptr) << c.first;
+    shown->Form_Activate();
+    EXPECT_TRUE(shown->isVisible()) << c.first;
+    EXPECT_EQ(shown->Row(), c.again);
+    EXPECT_EQ(shown->txtFrom()->text(), c.from) << c.first << " then " << c.again;
+    EXPECT_EQ(shown->mthEquation()->Text(), c.equation) << c.first << " then " << c.again;
+    EXPECT_EQ(w.Dialogs().PointTable(), nullptr);
+  }
+}
