@@ -14,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include "FakeDesktop.h"
+#include "MainWindowFixture.h"
 #include "QtPrinters.h"
 #include "StateSupport.h"
 
@@ -25,24 +26,14 @@
 
 namespace {
 
-struct Window {
-  Window() : state(InitialisedState()) {
-    form = std::make_unique<rows::frmMain>(state, rows::MainServices{settings, boxes, colors, files, desktop});
+struct Window : MainWindowFixture {
+  Window() {
     form->FunctionMenu().Popup = [this](QMenu& menu, const QPoint&) { shownMenu = static_cast<int>(menu.actions().size()); };
   }
-  rows::frmMain* operator->() { return form.get(); }
-  rows::FunctionList& Rows() { return form->Functions(); }
   ribbon::CommandControl& Control(std::int32_t id) {
     ribbon::CommandControl* control = form->CommandBars().FindControl(id);
     EXPECT_NE(control, nullptr) << id;
     return *control;
-  }
-  // A command by id; those that live on the quick access bar and the backstage only (the file
-  // commands) are fired through a control of their own.
-  void Run(std::int32_t id) {
-    if (ribbon::CommandControl* control = form->CommandBars().FindControl(id)) return form->CommandBars().Execute(*control);
-    own.push_back(std::make_unique<ribbon::CommandControl>(ribbon::ControlKind::Button, id));
-    form->CommandBars().Execute(*own.back());
   }
   // A command of row i's menu, as the menu runs it after opening for that row.
   void RunOnRow(int i, std::int32_t id) {
@@ -50,22 +41,8 @@ struct Window {
     Run(id);
   }
   QString Attributes(int i) { return core::Tag(Rows().Row(i).grpFunction); }
-  void Fill(const QStringList& texts) {
-    for (int i = 0; i < texts.size(); ++i) {
-      if (i > Rows().HighestIndex()) Rows().AddFunction(false);
-      Rows().Row(i).mthFunction->SetText(texts[i]);
-    }
-  }
 
-  core::SharedState state;
-  MemorySettings settings;
-  RecordingBoxes boxes;
-  ScriptedColors colors;
-  ScriptedFiles files;
-  RecordingDesktop desktop;
-  std::unique_ptr<rows::frmMain> form;
   int shownMenu = 0;
-  std::vector<std::unique_ptr<ribbon::CommandControl>> own;
 };
 
 struct MenuState {

@@ -14,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include "FakeDesktop.h"
+#include "MainWindowFixture.h"
 #include "QtPrinters.h"
 #include "StateSupport.h"
 
@@ -25,23 +26,14 @@
 
 namespace {
 
-struct TabsFixture {
-  TabsFixture() : state(InitialisedState()) {
-    form = std::make_unique<rows::frmMain>(state, rows::MainServices{settings, boxes, colors, files, desktop});
+struct TabsFixture : MainWindowFixture {
+  TabsFixture() {
     form->show();
     QApplication::setActiveWindow(form.get());
   }
   rows::InputTabs& Tabs() { return form->Tabs(); }
   bool Enabled(int id) { return form->CommandBars().FindControl(id)->Enabled(); }
   bool Visible(int id) { return form->CommandBars().FindControl(id)->Visible(); }
-
-  core::SharedState state;
-  MemorySettings settings;
-  RecordingBoxes boxes;
-  ScriptedColors colors;
-  ScriptedFiles files;
-  RecordingDesktop desktop;
-  std::unique_ptr<rows::frmMain> form;
 };
 
 }  // namespace

@@ -31,13 +31,6 @@ namespace {
 using Answer = platform::MessageBoxes::Answer;
 
 struct Window : MainWindowFixture {
-  rows::FunctionList& Rows() { return form->Functions(); }
-  void Fill(const QStringList& texts) {
-    for (int i = 0; i < texts.size(); ++i) {
-      if (i > Rows().HighestIndex()) Rows().AddFunction(false);
-      Rows().Row(i).mthFunction->SetText(texts[i]);
-    }
-  }
   // A command by id on a row, as the row's menu runs it.
   void Run(std::int32_t id, int row = 0) {
     form->FunctionMenu().Prepare(row);

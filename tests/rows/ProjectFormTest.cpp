@@ -16,6 +16,7 @@
 #include <gtest/gtest.h>
 
 #include "FakeDesktop.h"
+#include "MainWindowFixture.h"
 #include "QtPrinters.h"
 #include "StateSupport.h"
 
@@ -27,20 +28,8 @@
 
 namespace {
 
-struct Form {
-  Form() : state(InitialisedState()) {
-    form = std::make_unique<rows::frmMain>(state, rows::MainServices{settings, boxes, colors, files, desktop});
-  }
-  rows::frmMain* operator->() { return form.get(); }
+struct Form : MainWindowFixture {
   rows::InputTabs& Tabs() { return form->Tabs(); }
-
-  core::SharedState state;
-  MemorySettings settings;
-  RecordingBoxes boxes;
-  ScriptedColors colors;
-  ScriptedFiles files;
-  RecordingDesktop desktop;
-  std::unique_ptr<rows::frmMain> form;
 };
 
 QByteArray Bytes(const QString& path) {

@@ -15,6 +15,7 @@
 #include <functional>
 
 #include "FakeDesktop.h"
+#include "MainWindowFixture.h"
 #include "QtPrinters.h"
 #include "StateSupport.h"
 
@@ -27,15 +28,12 @@
 
 namespace {
 
-struct Window {
-  Window() : state(InitialisedState()) {
-    form = std::make_unique<rows::frmMain>(state, rows::MainServices{settings, boxes, colors, files, desktop});
+struct Window : MainWindowFixture {
+  Window() {
     form->FunctionMenu().Popup = [](QMenu&, const QPoint&) {};
     form->show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(form.get()));
   }
-  rows::frmMain* operator->() { return form.get(); }
-  rows::FunctionList& Rows() { return form->Functions(); }
   rows::RowDialogs& Dialogs() { return form->RowForms(); }
   void RunOnRow(int i, std::int32_t id) {
     form->FunctionMenu().Prepare(i);
@@ -43,21 +41,7 @@ struct Window {
     ASSERT_NE(control, nullptr) << id;
     form->CommandBars().Execute(*control);
   }
-  void Fill(const QStringList& texts) {
-    for (int i = 0; i < texts.size(); ++i) {
-      if (i > Rows().HighestIndex()) Rows().AddFunction(false);
-      Rows().Row(i).mthFunction->SetText(texts[i]);
-    }
-  }
   QString Text(int i) { return Rows().Row(i).mthFunction->Text(); }
-
-  core::SharedState state;
-  MemorySettings settings;
-  RecordingBoxes boxes;
-  ScriptedColors colors;
-  ScriptedFiles files;
-  RecordingDesktop desktop;
-  std::unique_ptr<rows::frmMain> form;
 };
 
 TEST(RowDialogs, PointsOfAnEmptyRowOpensAnEmptyTable) {

@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include "FakeDesktop.h"
+#include "MainWindowFixture.h"
 #include "QtPrinters.h"
 #include "StateSupport.h"
 
@@ -20,20 +21,7 @@
 
 namespace {
 
-struct Window {
-  Window() : state(InitialisedState()) {
-    form = std::make_unique<rows::frmMain>(state, rows::MainServices{settings, boxes, colors, files, desktop});
-  }
-  rows::frmMain* operator->() { return form.get(); }
-
-  core::SharedState state;
-  MemorySettings settings;
-  RecordingBoxes boxes;
-  ScriptedColors colors;
-  ScriptedFiles files;
-  RecordingDesktop desktop;
-  std::unique_ptr<rows::frmMain> form;
-};
+using Window = MainWindowFixture;
 
 int Differing(const QImage& a, const QImage& b) {
   int count = 0;
