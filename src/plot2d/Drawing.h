@@ -27,6 +27,9 @@ struct Drawing {
     // For polar and parametric curves, the point at each value of the parameter, over From to To.
     std::function<QPointF(double)> PointAt;
     double From = 0, To = 0;
+    // 1 and 2 for the first and second boundary of an inequality's region, which follow each
+    // other: where they meet are the region's corners.
+    int Edge = 0;
   };
   struct Fill {
     QPainterPath Path;

@@ -48,7 +48,8 @@ void InequalityItem::Draw(const ViewTransform& view, int quality, Drawing& drawi
   }
   const QPainterPath path = ColumnRegion(xs, high, low, [&](size_t i) { return low[i] < high[i]; });
   drawing.Fills.push_back({path, m_fill});
-  for (const Part& part : m_parts) {
+  for (std::size_t k = 0; k < m_parts.size(); ++k) {
+    const Part& part = m_parts[k];
     CurveSource source;
     source.Kind = CurveSource::Mode::YOfX;
     source.First = part.Boundary;
@@ -58,6 +59,11 @@ void InequalityItem::Draw(const ViewTransform& view, int quality, Drawing& drawi
     Drawing::Curve edge;
     edge.Pieces = curve.Pieces, edge.Color = m_line;
     edge.Line = part.Parsed.Inclusive ? Drawing::Style::Solid : Drawing::Style::Dashed;
+    // The boundary y = f(x), so that its special points and the region's corners are exact.
+    const mathlang::BlockProgram f = part.Boundary;
+    edge.Explicit = [f](double x) { return f.At(x); };
+    edge.Zero = [f](double x, double y) { return f.At(x) - y; };
+    if (m_parts.size() == 2) edge.Edge = static_cast<int>(k) + 1;
     drawing.Curves.push_back(std::move(edge));
   }
 }

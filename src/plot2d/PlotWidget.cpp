@@ -26,17 +26,6 @@ constexpr double kDotReach = 6;      // and a special point's tip within this ma
 constexpr double kDotRadius = 3.5;
 constexpr double kClickSlop = 3;     // a press that moves less than this is a click, not a pan
 
-const char* NameOf(NotablePoint::Kind kind) {
-  switch (kind) {
-    case NotablePoint::Kind::Root: return "Root";
-    case NotablePoint::Kind::Maximum: return "Maximum";
-    case NotablePoint::Kind::Minimum: return "Minimum";
-    case NotablePoint::Kind::YIntercept: return "y-Intercept";
-    case NotablePoint::Kind::Intersection: return "Intersection";
-  }
-  return "";
-}
-
 // A point to six digits. A coordinate smaller than a thousandth of the view's span shows as 0: at
 // that scale it is 0, and 9.09e-09 beside the origin reads like an error. The copy keeps it.
 QString Short(QPointF at, QSizeF span) {
@@ -279,7 +268,7 @@ void PlotWidget::ShowTip(QPointF pixel) {
     update();
   }
   if (const NotablePoint* point = NotablePointAt(pixel)) {
-    return ShowLabel(m_tip, QStringLiteral("%1 %2").arg(QLatin1String(NameOf(point->What)), Short(point->At, Span())), pixel);
+    return ShowLabel(m_tip, QStringLiteral("%1 %2").arg(KindName(point->What), Short(point->At, Span())), pixel);
   }
   if (curve < 0) return HideTip();
   const int row = drawing.Curves[static_cast<std::size_t>(curve)].Row;
