@@ -1,5 +1,6 @@
 #include "frmMain.h"
 
+#include "AutoReplot.h"
 #include "CommandDispatch.h"
 #include "FileCommands.h"
 #include "FormInsertTarget.h"
@@ -26,6 +27,7 @@
 #include "plot2d/PlotWidget.h"
 #include "plot3d/Plot3DWidget.h"
 #include "plotcompiler/PlotControl.h"
+#include "plotcompiler/ReplotInputs.h"
 #include "project/ProjectReader.h"
 #include "project/ProjectWriter.h"
 #include "ribbon/Backstage.h"
@@ -102,6 +104,7 @@ frmMain::frmMain(core::SharedState& state, const MainServices& services, QWidget
   setMinimumSize(900, 560);
   resize(1280, 800);
   Form_Load();
+  m_autoReplot->Drawn();
 }
 
 frmMain::~frmMain() {
@@ -127,10 +130,24 @@ void frmMain::WatchChanges() {
   connect(m_plot, &plot2d::PlotWidget::SettingsChanged, this, &frmMain::CheckChanged);
   connect(&m_commandBars, &ribbon::CommandBars::Executed, this, &frmMain::CheckChanged);
   connect(m_panes, &interaction::StatusPanes::SliderChanged, this, &frmMain::CheckChanged);
+  // What is drawn follows what was typed or chosen, with no Replot click.
+  m_autoReplot = new AutoReplot(
+      [this] {
+        const plot2d::Plot& scene = m_plot->Scene();
+        return plotcompiler::ReplotInputs(*m_replotHost) + u'|' + QString::number(scene.Quality()) + u'|' +
+               QString::number(scene.Thickness());
+      },
+      [this] { Replot(true); }, this);
+  connect(this, &frmMain::Replotted, m_autoReplot, &AutoReplot::Drawn);
   qApp->installEventFilter(this);
 }
 
 bool frmMain::eventFilter(QObject* watched, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::KeyPress: m_typed = true; break;
+    case QEvent::MouseButtonPress: m_typed = false; break;
+    default: break;
+  }
   switch (event->type()) {
     case QEvent::MouseButtonRelease:
     case QEvent::KeyRelease:
@@ -150,6 +167,7 @@ void frmMain::WireParts() {
   connect(&Functions(), &FunctionList::RowsRenumbered, this,
           [this](const QList<int>& newIndexOfOld) { m_rowDialogs->RowsRenumbered(newIndexOfOld); });
   connect(m_panes, &interaction::StatusPanes::SliderChanged, this, &frmMain::MirrorSliders);
+  connect(m_panes, &interaction::StatusPanes::SliderChanged, this, &frmMain::SaveSliderSettings);
   connect(m_panes, &interaction::StatusPanes::ReplotClicked, this, [this] {
     Replot(true);
     if (m_tabs->currentIndex() == 3) {
@@ -439,7 +457,15 @@ bool frmMain::RefreshProjectChanged() {
     m_state.ProjectChanged = true;
   }
   UpdateTitle();
+  if (m_autoReplot) m_autoReplot->Check(m_typed);
   return m_state.ProjectChanged;
+}
+
+// The status bar's sliders are remembered for the next start, as the ribbon's thickness is.
+void frmMain::SaveSliderSettings() {
+  const plot2d::Plot& scene = m_plot->Scene();
+  m_services.Settings.SaveSetting(kSettings, QStringLiteral("Thickness"), core::FormatNumber(scene.Thickness()));
+  m_services.Settings.SaveSetting(kSettings, QStringLiteral("Quality"), core::FormatNumber(scene.Quality()));
 }
 
 void frmMain::MarkSaved() {

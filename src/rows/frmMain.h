@@ -50,6 +50,7 @@ class FormProject;
 class FunctionList;
 class FormInsertTarget;
 class FormReplotHost;
+class AutoReplot;
 class InputTabs;
 
 // The main window: the input tabs on the left, the plot beside them with its floating buttons,
@@ -131,6 +132,7 @@ public:
   expression::ScriptEvaluation& Evaluation() { return m_evaluation; }
   bool Prepared3D() const { return m_prepared3D; }
   int Prepare3DCalls() const { return m_prepare3DCalls; }
+  AutoReplot& Redrawing() { return *m_autoReplot; }
 
 signals:
   // A replot has drawn; for tests and the full-screen form.
@@ -151,6 +153,7 @@ private:
   void CreateFileMenu();
   void ProjectChanged();
   void CheckChanged();
+  void SaveSliderSettings();
   bool eventFilter(QObject* watched, QEvent* event) override;
   void ApplyZoom(const QString& text);
 
@@ -186,6 +189,8 @@ private:
   int m_prepare3DCalls = 0;
   QTimer m_resizeSettled;  // a full-quality picture once the window has stopped changing size
   QTimer m_changeCheck;    // ProjectChanged worked out again once the events of a change are done
+  AutoReplot* m_autoReplot = nullptr;
+  bool m_typed = false;     // the last input came from the keyboard
   QString m_savedText;     // what the writer wrote or the reader read last, or the fresh project
 };
 

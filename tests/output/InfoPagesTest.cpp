@@ -19,6 +19,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextDocumentFragment>
+#include "WaitUntil.h"
 
 namespace {
 
@@ -128,7 +129,7 @@ TEST(frmContactUS, GrowsByItsOwnTimer) {
   RecordingDesktop desktop;
   auto* form = new output::frmContactUS(desktop);
   form->show();
-  QTRY_COMPARE_WITH_TIMEOUT(form->SizeTwips(), QSize(5100, 4500), 5000);
+  EXPECT_TRUE(WaitUntil([&] { return form->SizeTwips() == QSize(5100, 4500); }, 5000));
   delete form;
 }
 
@@ -138,7 +139,7 @@ TEST(frmContactUS, ClickingElsewhereClosesIt) {
   form->show();
   QEvent deactivate(QEvent::WindowDeactivate);
   QApplication::sendEvent(form, &deactivate);
-  QTRY_VERIFY(form.isNull());
+  EXPECT_TRUE(WaitUntil([&] { return form.isNull(); }));
 }
 
 TEST(frmContactUS, TheLinksOpenPagesOfTheirOwn) {

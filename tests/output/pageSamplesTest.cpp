@@ -12,6 +12,7 @@
 #include <QImage>
 #include <QTemporaryDir>
 #include <QTest>
+#include "WaitUntil.h"
 
 namespace {
 
@@ -132,11 +133,11 @@ TEST(pageSamples, ThePointerOnTheRealButtons) {
   p->show();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(p.page.get()));
   QTest::mouseMove(p->btnSample(0), QPoint(10, 10));
-  QTRY_COMPARE(p->ShownPicture(), p.Picture("Circle"));
+  EXPECT_TRUE(WaitUntil([&] { return p->ShownPicture() == p.Picture("Circle"); }));
   QTest::mouseMove(p->btnSample(1), QPoint(10, 10));
-  QTRY_COMPARE(p->ShownPicture(), p.Picture("Pikachu"));
+  EXPECT_TRUE(WaitUntil([&] { return p->ShownPicture() == p.Picture("Pikachu"); }));
   QTest::mouseMove(p->picSample(), QPoint(10, 10));
-  QTRY_COMPARE(p->ShownPicture(), QString());
+  EXPECT_TRUE(WaitUntil([&] { return p->ShownPicture() == QString(); }));
 }
 
 TEST(pageSamples, AClickLoadsTheSampleUnnamedAndUnchanged) {

@@ -25,6 +25,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QTest>
+#include "WaitUntil.h"
 
 namespace {
 
@@ -72,7 +73,7 @@ TEST(RowDialogs, TheTableWritesItsPointsIntoTheRow) {
   EXPECT_EQ(w.Text(1), "[x,y;1,5;3,4]");
   EXPECT_EQ(w.Text(0), "y=x");
   EXPECT_TRUE(w.state.ProjectChanged);
-  QTRY_COMPARE(w.Dialogs().PointTable(), nullptr);
+  EXPECT_TRUE(WaitUntil([&] { return w.Dialogs().PointTable() == nullptr; }));
 }
 
 TEST(RowDialogs, AFunctionGoesToTheEvaluatorAndOnToTheTable) {
@@ -89,7 +90,7 @@ TEST(RowDialogs, AFunctionGoesToTheEvaluatorAndOnToTheTable) {
   dialogs::frmAddPoint* table = w.Dialogs().PointTable();
   ASSERT_NE(table, nullptr);
   table->Form_Activate();
-  QTRY_COMPARE(table->txtPoint_Y(2)->text(), "4");
+  EXPECT_TRUE(WaitUntil([&] { return table->txtPoint_Y(2)->text() == "4"; }));
   table->btnOK_Click();
   EXPECT_EQ(w.Text(0), "[x,y;0,0;1,1;2,4]");
 }
@@ -215,7 +216,7 @@ TEST(RowDialogs, TheEvaluatorFollowsItsRowAndGoesWithIt) {
   evaluator = w.Dialogs().Evaluator();
   ASSERT_NE(evaluator, nullptr);
   w.Rows().RemoveFunction(2, true);
-  QTRY_VERIFY(evaluator.isNull() || evaluator->isHidden());
+  EXPECT_TRUE(WaitUntil([&] { return evaluator.isNull() || evaluator->isHidden(); }));
 }
 
 TEST(RowDialogs, OneTableAtATime) {
