@@ -60,6 +60,10 @@ SurfacePage::SurfacePage(QWidget* parent) : QWidget(parent) {
     emit ZoomApplied(m_zoom->text());
     m_ok->hide();
   });
+  // A fresh project holds these surfaces, so that one saved at once writes what a new file has.
+  Editor(1)->SetText(QStringLiteral("z=x+y"));
+  Editor(4)->SetText(QStringLiteral("u*v"));
+  Editor(5)->SetText(QStringLiteral("u+v"));
   connect(m_tabs, &QTabWidget::currentChanged, this, &SurfacePage::ReplotRequested);
   connect(m_grid, &QComboBox::currentIndexChanged, this, &SurfacePage::Changed);
   for (const auto& [index, editor] : m_editors) {

@@ -7,6 +7,7 @@
 #include "mathx/MthX.h"
 #include "plot2d/PlotWidget.h"
 #include "plot3d/Plot3DWidget.h"
+#include "rows/AutoReplot.h"
 #include "rows/FunctionList.h"
 #include "rows/InputTabs.h"
 #include "rows/frmMain.h"
@@ -17,6 +18,7 @@
 #include "MainWindowFixture.h"
 #include "QtPrinters.h"
 #include "StateSupport.h"
+#include "WaitUntil.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -193,7 +195,7 @@ TEST(InputTabs, TheParametricPage) {
   EXPECT_EQ(replotted.count(), 3);
 }
 
-TEST(InputTabs, The3DPagesEditorsOnlyMarkTheProject) {
+TEST(InputTabs, The3DPagesEditorsMarkTheProjectAndRedrawAfterTheirEvents) {
   TabsFixture f;
   rows::SurfacePage& page = f.Tabs().Surface();
   EXPECT_EQ(page.cmb3DGrid()->currentText(), "Grid: 100x100");
@@ -208,9 +210,10 @@ TEST(InputTabs, The3DPagesEditorsOnlyMarkTheProject) {
   page.Editor(1)->SetText("z=sin(x)*cos(y)");
   EXPECT_TRUE(f.state.ProjectChanged);
   EXPECT_EQ(replotted.count(), 0);
-  // A change of Tab_3D draws the surface.
+  EXPECT_TRUE(WaitUntil([&] { return replotted.count() == 1; }));
+  // A change of Tab_3D draws the surface at once.
   page.Tab_3D()->setCurrentIndex(1);
-  EXPECT_EQ(replotted.count(), 1);
+  EXPECT_EQ(replotted.count(), 2);
   EXPECT_EQ(f.form->Plot3D().Scene().FunctionKind(), 5);
 }
 
@@ -250,7 +253,8 @@ TEST(InputTabs, TheInsertDialogForEachPage) {
   EXPECT_EQ(tabs.Surface().Text("mth_3D_Para_z"), "u+v");
 }
 
-TEST(InputTabs, ASliderStepDoesNotReplot) {
+// A step of a slider draws the plot anew by itself, once, after the step's events.
+TEST(InputTabs, ASliderStepRedrawsByItselfOnce) {
   TabsFixture f;
   QSignalSpy replotted(f.form.get(), &rows::frmMain::Replotted);
   f.form->Plot().Scene().SetQuality(98);
@@ -258,11 +262,12 @@ TEST(InputTabs, ASliderStepDoesNotReplot) {
   EXPECT_EQ(f.form->Plot().Scene().Quality(), 100);
   EXPECT_EQ(f.form->StatusText(9004), "Quality: 100");
   EXPECT_EQ(replotted.count(), 0);
-  QApplication::processEvents();
-  EXPECT_EQ(replotted.count(), 0);
+  EXPECT_TRUE(WaitUntil([&] { return replotted.count() == 1; }));
+  QTest::qWait(2 * rows::AutoReplot::kTypingPauseMs);
+  EXPECT_EQ(replotted.count(), 1);
   EXPECT_TRUE(f.state.ProjectChanged) << "the quality is kept in the file";
   f.form->Panes().StatusBar_PaneClick("Replot");
-  EXPECT_EQ(replotted.count(), 1);
+  EXPECT_EQ(replotted.count(), 2);
 }
 
 TEST(InputTabs, TheReplotPaneOnThe3DPageShowsTheProgress) {

@@ -352,3 +352,16 @@ TEST(ProjectForm, ALoadedListIsLaidOutAndAFailedOneIsLeftAlone) {
     EXPECT_EQ(list.scrlFunctions()->value(), list.scrlFunctions()->maximum()) << "scrolled to the last row added";
   }
 }
+
+// A new window saved at once writes the surfaces that a new file has.
+TEST(ProjectForm, AFreshFormHoldsTheFreshSurfaces) {
+  QTemporaryDir dir;
+  const QString path = dir.filePath("fresh.qlp");
+  Form f;
+  ASSERT_TRUE(f->SaveProject(path));
+  const QByteArray bytes = Bytes(path);
+  for (const char* line : {"[3D][Function]=z=x+y\r\n", "[3D][Polar]=\r\n", "[3D][Para][X]=\r\n", "[3D][Para][Y]=u*v\r\n",
+                           "[3D][Para][Z]=u+v\r\n"}) {
+    EXPECT_TRUE(bytes.contains(line)) << line;
+  }
+}
