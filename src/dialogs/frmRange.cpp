@@ -53,6 +53,7 @@ frmRange::frmRange(const QString& mode, plot2d::Plot& plot, std::function<void()
       field->setObjectName(QString::fromLatin1(kFields[row * 2 + side]));
       field->setAlignment(Qt::AlignCenter);
       field->setToolTip(tr("A number or an expression: 2*pi, -3/2 ..."));
+      connect(field, &QLineEdit::textEdited, this, [this, field] { MarkField(*field); });
       grid->addWidget(field, row, side * 2);
     }
     auto* label = new QLabel(QString::fromLatin1(between[row]), this);
@@ -152,6 +153,7 @@ void frmRange::Form_Activate() {
     m_filled.insert(field, Field(field)->text());
   }
   for (auto it = typed.cbegin(); it != typed.cend(); ++it) Field(it.key())->setText(it.value());
+  RefreshFields();
 }
 
 void frmRange::btnCurrentRange_Click() {
@@ -163,6 +165,7 @@ void frmRange::btnCurrentRange_Click() {
   } else if (Is3D()) {
     for (int i = 0; i < 6; ++i) Field(QString::fromLatin1(kFields[i]))->setText(i % 2 == 0 ? QStringLiteral("-2") : QStringLiteral("2"));
   }
+  RefreshFields();
 }
 
 // Each field evaluated alone and set at once: a later failure leaves the earlier limits set.
@@ -170,8 +173,44 @@ void frmRange::Set(const char* field, const std::function<void(double)>& set) {
   set(m_evaluate(Field(QString::fromLatin1(field))->text()));
 }
 
+bool frmRange::Unreadable(const QString& name) const {
+  const QLineEdit* field = Field(name);
+  return field && field->property("invalid").toBool();
+}
+
+void frmRange::MarkField(QLineEdit& field) {
+  const bool red = m_readable && !m_readable(field.text());
+  field.setProperty("invalid", red);
+  field.setStyleSheet(red ? QStringLiteral("QLineEdit { background: rgb(255, 0, 0); color: white; }") : QString());
+  field.setToolTip(red ? tr("This cannot be read as a number: the limit keeps its value")
+                       : tr("A number or an expression: 2*pi, -3/2 ..."));
+}
+
+QLineEdit* frmRange::RefreshFields() {
+  QLineEdit* first = nullptr;
+  for (const char* name : kFields) {
+    QLineEdit* field = Field(QString::fromLatin1(name));
+    if (!Is3D() && (field->objectName() == u"txt_zMin" || field->objectName() == u"txt_ZMAX")) continue;
+    MarkField(*field);
+    // A long number shows its sign and integer part, not its last digits.
+    if (!field->hasFocus()) field->setCursorPosition(0);
+    if (!first && field->property("invalid").toBool()) first = field;
+  }
+  return first;
+}
+
+bool frmRange::AllReadable() {
+  QLineEdit* first = RefreshFields();
+  if (!first) return true;
+  first->setFocus(Qt::OtherFocusReason);
+  first->selectAll();
+  return false;
+}
+
 void frmRange::btnOK_Click() {
   const QString mode = Mode();
+  // A limit that cannot be read is not taken as 0: nothing is applied until every one is read.
+  if (!AllReadable()) return;
   // The form goes away while pending events run: what comes after holds its own copies.
   const auto redrawPlot = m_redrawPlot;
   const auto redrawPlot3D = m_redrawPlot3D;

@@ -26,11 +26,18 @@ class frmRange : public QDialog {
 
 public:
   using Evaluate = std::function<double(const QString&)>;
+  using Readable = std::function<bool(const QString&)>;
 
   frmRange(const QString& mode, plot2d::Plot& plot, std::function<void()> redrawPlot, plot3d::Plot3D& plot3d,
            std::function<void()> redrawPlot3D, Evaluate evaluate, QWidget* parent = nullptr);
 
   QLineEdit* Field(const QString& name) const;
+  // Whether a field's text can be read as a number. A field that cannot turns red, and OK then
+  // applies nothing and keeps the dialog open: the plot keeps its limits. Every text is readable
+  // until this is given.
+  void SetReadable(Readable readable) { m_readable = std::move(readable); }
+  // Whether the field is shown red.
+  bool Unreadable(const QString& name) const;
   QLabel* lblRange() const { return m_label; }
   QPushButton* btnCurrentRange() const { return m_range; }
   QPushButton* btnOK() const { return m_ok; }
@@ -54,6 +61,11 @@ private:
   bool Is3D() const { return Mode() == u"3D Range"; }
   void Fill(double xMin, double xMax, double yMin, double yMax);
   void Set(const char* field, const std::function<void(double)>& set);
+  // Paints each shown field by its text; false, with the focus on the first red one, if any is.
+  bool AllReadable();
+  // Paints every field in use by its text and shows the start of each; the first red one.
+  QLineEdit* RefreshFields();
+  void MarkField(QLineEdit& field);
   void Unload();
   // A click elsewhere: put away, the fields as they are.
   void Leave();
@@ -63,6 +75,7 @@ private:
   plot3d::Plot3D& m_plot3d;
   std::function<void()> m_redrawPlot3D;
   Evaluate m_evaluate;
+  Readable m_readable;
   QLabel* m_label;
   QLabel* m_toZ;
   QPushButton* m_range;

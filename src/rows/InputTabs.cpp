@@ -4,6 +4,8 @@
 
 #include "mathx/MthX.h"
 
+#include <algorithm>
+
 #include <QHBoxLayout>
 #include <QLabel>
 
@@ -32,6 +34,7 @@ InputTabs::InputTabs(core::SharedState& state, expression::ScriptEvaluation& eva
   setTabToolTip(2, tr("A curve of a parameter, in x and y or in r and theta"));
   setTabToolTip(3, tr("A surface in space"));
   BuildIntegralRange();
+  GuardRangeFields();
 
   connect(m_functions, &FunctionList::ReplotRequested, this, &InputTabs::ReplotRequested);
   connect(m_functions, &FunctionList::Changed, this, &InputTabs::Changed);
@@ -78,11 +81,34 @@ void InputTabs::BuildIntegralRange() {
     edit->setFixedWidth(64);
     edit->setAlignment(Qt::AlignCenter);
     auto* guard = new FieldGuard(*edit, [this](const QString& text) { return m_evaluation.CheckExpression(text); });
+    m_guards.push_back(guard);
     connect(edit, &QLineEdit::textEdited, this, [this, guard] {
       guard->Refresh();
       emit Changed();
     });
   }
+}
+
+// The ranges of the parametric curve and of the surfaces: one that cannot be read turns red and
+// keeps the focus, and the plot goes on showing the last range that could be read.
+void InputTabs::GuardRangeFields() {
+  std::vector<QLineEdit*> fields = {m_parametric->txtThetaMin(), m_parametric->txtThetaMax()};
+  for (const char* name : {"txt_thetaMin", "txt_thetaMax", "txt_phiMin", "txt_phiMax", "txt_3D_uMin", "txt_3D_uMax",
+                           "txt_3D_vMin", "txt_3D_vMax"}) {
+    fields.push_back(qobject_cast<QLineEdit*>(m_surface->Field(QString::fromLatin1(name))));
+  }
+  for (QLineEdit* field : fields) {
+    auto* guard = new FieldGuard(*field, [this](const QString& text) {
+      m_evaluation.EvaluateExpression(text);
+      return !m_state.MathError;
+    });
+    m_guards.push_back(guard);
+    connect(field, &QLineEdit::textEdited, guard, &FieldGuard::Refresh);
+  }
+}
+
+bool InputTabs::FieldsReadable() const {
+  return std::all_of(m_guards.begin(), m_guards.end(), [](const FieldGuard* guard) { return guard->Valid(); });
 }
 
 void InputTabs::Refresh_mth_Backcolor() {

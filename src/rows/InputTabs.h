@@ -13,6 +13,8 @@
 #include <QLineEdit>
 #include <QTabWidget>
 
+#include <vector>
+
 namespace rows {
 
 class FieldGuard;
@@ -34,6 +36,10 @@ public:
   QLineEdit* mnu_Integral_min() const { return m_integralMin; }
   QLineEdit* mnu_Integral_max() const { return m_integralMax; }
 
+  // Whether every bound and range field can be read; while one cannot, the plot is not drawn
+  // anew by itself.
+  bool FieldsReadable() const;
+
   // The editors of the page now selected take the form's blue (16711680).
   void Refresh_mth_Backcolor();
 
@@ -46,6 +52,7 @@ signals:
 
 private:
   void BuildIntegralRange();
+  void GuardRangeFields();
   void Insert(std::int16_t source, double index);
 
   core::SharedState& m_state;
@@ -56,6 +63,7 @@ private:
   SurfacePage* m_surface;
   QLineEdit* m_integralMin = nullptr;
   QLineEdit* m_integralMax = nullptr;
+  std::vector<FieldGuard*> m_guards;
 };
 
 }  // namespace rows

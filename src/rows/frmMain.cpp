@@ -137,7 +137,10 @@ void frmMain::WatchChanges() {
         return plotcompiler::ReplotInputs(*m_replotHost) + u'|' + QString::number(scene.Quality()) + u'|' +
                QString::number(scene.Thickness());
       },
-      [this] { Replot(true); }, this);
+      [this] {
+        if (m_tabs->FieldsReadable()) Replot(true);
+      },
+      this);
   connect(this, &frmMain::Replotted, m_autoReplot, &AutoReplot::Drawn);
   qApp->installEventFilter(this);
 }
@@ -559,6 +562,10 @@ void frmMain::ShowRange(const QString& mode, QPoint at) {
     m_range = new dialogs::frmRange(
         mode, m_plot->Scene(), [this] { m_plot->Redraw(); }, m_plot3d->Scene(), [this] { m_plot3d->Redraw(); },
         [this](const QString& text) { return m_evaluation.EvaluateExpression(text); }, this);
+    m_range->SetReadable([this](const QString& text) {
+      m_evaluation.EvaluateExpression(text);
+      return !m_state.MathError;
+    });
   }
   m_range->move(at);
   m_range->show();

@@ -235,3 +235,50 @@ TEST(frmRange, OkCancelEscapeAndClosingEndWhatWasTyped) {
     EXPECT_EQ(f.plot.XMin(), how == "OK" ? -1 : -10) << end;
   }
 }
+
+// A limit that cannot be read is never taken as 0: its field turns red as it is typed, and OK then
+// applies nothing and keeps the dialog open, until the text can be read.
+TEST(frmRange, AnUnreadableLimitStaysRedAndKeepsTheOldValue) {
+  struct Case {
+    const char* Mode;
+    const char* FieldName;
+  };
+  for (const Case& c : {Case{"Plot Range", "txtXmax"}, Case{"3D Range", "txt_ZMAX"}, Case{"Default Range", "txtYmin"}}) {
+    SCOPED_TRACE(c.Mode);
+    RangeFixture f;
+    f.plot.SetXMax(4);
+    f.plot3d.SetZMax(5);
+    frmRange& d = f.Open(c.Mode);
+    d.SetReadable([&f](const QString& text) {
+      f.evaluation.EvaluateExpression(text);
+      return !f.state.MathError;
+    });
+    QLineEdit* field = d.Field(c.FieldName);
+    field->selectAll();
+    QTest::keyClicks(field, "2pj");
+    EXPECT_TRUE(d.Unreadable(c.FieldName));
+    EXPECT_TRUE(field->styleSheet().contains("rgb(255, 0, 0)"));
+    const double defaultYMin = f.plot.DefaultYMin();
+    QTest::mouseClick(d.btnOK(), Qt::LeftButton);
+    ASSERT_FALSE(f.dialog.isNull());
+    EXPECT_FALSE(d.Unloading());
+    EXPECT_EQ(f.plot.XMax(), 4);
+    EXPECT_EQ(f.plot3d.ZMax(), 5);
+    EXPECT_EQ(f.plot.DefaultYMin(), defaultYMin);
+    EXPECT_EQ(f.plotRedraws + f.plot3DRedraws, 0);
+    // Put right, it is read.
+    field->selectAll();
+    QTest::keyClicks(field, "2pi");
+    EXPECT_FALSE(d.Unreadable(c.FieldName));
+    EXPECT_TRUE(field->styleSheet().isEmpty());
+    QTest::mouseClick(d.btnOK(), Qt::LeftButton);
+    EXPECT_TRUE(f.dialog.isNull() || f.dialog->Unloading());
+  }
+}
+
+TEST(frmRange, ALongLimitShowsItsStart) {
+  RangeFixture f;
+  f.plot.SetXMin(-123456789.123457);
+  frmRange& d = f.Open("Plot Range");
+  EXPECT_EQ(d.Field("txtXmin")->cursorPosition(), 0);
+}

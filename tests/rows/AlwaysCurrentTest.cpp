@@ -192,4 +192,36 @@ TEST(Redrawing, TheStatusBarSlidersAreRemembered) {
   EXPECT_EQ(w.settings.values.value("Settings/Quality"), "85");
 }
 
+// A range that cannot be read is not drawn as 0: the field is red and the picture stays.
+TEST(Redrawing, AnUnreadableRangeKeepsThePictureAndStaysRed) {
+  for (const char* name : {"txtThetaMax", "txt_phiMax"}) {
+    SCOPED_TRACE(name);
+    Window w;
+    const bool surface = QString(name).startsWith("txt_");
+    QLineEdit* field = surface ? qobject_cast<QLineEdit*>(w.Tabs().Surface().Field(name))
+                               : w.Tabs().Parametric().txtThetaMax();
+    if (surface) {
+      w.Tabs().setCurrentIndex(3);
+      w.Tabs().Surface().Tab_3D()->setCurrentIndex(1);
+      w.Tabs().Surface().Editor(2)->SetText("r=2");
+    } else {
+      w.Tabs().setCurrentIndex(2);
+      w.Tabs().Parametric().mthParametricX()->SetText("cos(t)");
+      w.Tabs().Parametric().mthParametricY()->SetText("sin(t)");
+    }
+    w->Replot(true);
+    const QImage before = w.Picture(surface);
+    QSignalSpy replotted(w.form.get(), &rows::frmMain::Replotted);
+    Window::Type(field, "2pj");
+    QTest::qWait(3 * rows::AutoReplot::kTypingPauseMs);
+    EXPECT_EQ(replotted.count(), 0);
+    EXPECT_EQ(w.Picture(surface), before);
+    EXPECT_TRUE(field->property("invalid").toBool());
+    EXPECT_TRUE(w.state.ProjectChanged) << "what was typed is kept";
+    Window::Type(field, "pi/2");
+    EXPECT_FALSE(field->property("invalid").toBool());
+    EXPECT_TRUE(WaitUntil([&] { return replotted.count() == 1; }));
+  }
+}
+
 }  // namespace
