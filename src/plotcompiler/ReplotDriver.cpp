@@ -2,6 +2,7 @@
 
 #include "DisplayCommands.h"
 #include "EquationCompiler.h"
+#include "RowProblem.h"
 
 #include "core/NumberText.h"
 #include "core/RuntimeError.h"
@@ -49,6 +50,11 @@ bool SplitPoint(const QString& item, QString& first, QString& second) {
   return true;
 }
 
+// "Point 3", "Points 2, 5".
+QString PointsWord(const QStringList& numbers) {
+  return (numbers.size() == 1 ? QStringLiteral("Point ") : QStringLiteral("Points ")) + numbers.join(QStringLiteral(", "));
+}
+
 }  // namespace
 
 // What outlives one row within a pass: the kind (a row that reaches the plot unclassified takes
@@ -93,7 +99,7 @@ void ReplotDriver::FunctionTab(PlotControl& plot) {
   // Constants and commands are known before any row is drawn, wherever their rows stand.
   const QString lastKeyword = TakeConstantsAndCommands(plot);
   RowPass pass;
-  for (int row = 0; row < m_host.RowCount(); ++row) DrawRow(plot, row, pass);
+  for (int row = 0; row < m_host.RowCount(); ++row) m_host.SetRowProblem(row, DrawRow(plot, row, pass));
   AddArea(plot);
   plot.Redraw();
   if (lastKeyword == u"enterfullscreen") m_host.ShowFullScreen();
@@ -188,14 +194,20 @@ bool ReplotDriver::HasSymbol(const QString& text, const QString& symbol) const {
   return expression::ReplaceSymbol(m_state.FunctionTokens, text, symbol, QString()) != text;
 }
 
-void ReplotDriver::DrawRow(PlotControl& plot, int row, RowPass& pass) {
+QString ReplotDriver::DrawRow(PlotControl& plot, int row, RowPass& pass) {
   const QString text = m_host.RowText(row);
-  if (Left(text, 7) == u"command" || m_host.RowNoteVisible(row)) return;
+  if (Left(text, 7) == u"command" || m_host.RowNoteVisible(row)) return {};
   const QStringList options = Split(m_host.RowAttributes(row), kAttributeSeparator);
-  const auto compiled = [&] { return expression::SubstituteConstants(m_state, CompileEquation(text, false)); };
+  QString bare;  // the row compiled, before the constants' values go in
+  const auto compiled = [&] {
+    bare = CompileEquation(text, false);
+    return expression::SubstituteConstants(m_state, bare);
+  };
 
   // Classified by the raw text, the first test that holds.
   bool isPoint = false;
+  bool classified = true;
+  QString pointProblem;
   const auto startsWith = [&](const char16_t* form) {
     return text.startsWith(QStringView(form)) || text.startsWith(QStringLiteral("declare(") + QString::fromUtf16(form));
   };
@@ -207,28 +219,48 @@ void ReplotDriver::DrawRow(PlotControl& plot, int row, RowPass& pass) {
     pass.Kind = 3, pass.Line = compiled();
   } else if (Left(text, 1) == u"[" && Flag(options, 4)) {
     isPoint = true;
-    AddPoints(plot, row, options, pass);
+    pointProblem = AddPoints(plot, row, options, pass);
   } else if ((HasSymbol(text, QStringLiteral("y")) || HasSymbol(text, QStringLiteral("x"))) &&
              Contains(text, QStringLiteral("=")) && !expression::IsConstantName(m_state, LeftOfEquals(text))) {
     pass.Kind = 4, pass.Line = compiled();
+  } else {
+    classified = false;
   }
 
   // The draw test.
   const bool hasSymbol = HasSymbol(text, QStringLiteral("r")) || HasSymbol(text, QStringLiteral("y")) ||
                          HasSymbol(text, QStringLiteral("x"));
-  if (!hasSymbol || Flag(options, 1) || isPoint) return;
+  if (!hasSymbol) return isPoint ? pointProblem : NothingToDraw(text, options);
+  if (Flag(options, 1) || isPoint) return pointProblem;  // an area row is drawn as the area
   const bool hasEquals = Contains(text, QStringLiteral("="));
-  if (hasEquals && expression::IsConstantName(m_state, CompileEquation(LeftOfEquals(text), true))) return;
-  if (!Flag(options, 4)) return;
+  if (hasEquals && expression::IsConstantName(m_state, CompileEquation(LeftOfEquals(text), true))) return {};
+  if (!Flag(options, 4)) return {};
   const QString mode = At(options, 5);
   const bool plain = core::Trim(mode) == u"0";
   const std::int32_t lineStyle = core::Trim(mode) == u"1" ? 1 : 2;
-  plot.AddFunction(static_cast<std::int16_t>(row + 1), hasEquals ? pass.Line : text, m_host.RowColor(row),
-                   Flag(options, 2), pass.Kind, Flag(options, 0), Flag(options, 3), !plain, lineStyle);
+  const QString line = hasEquals ? pass.Line : text;
+  plot.AddFunction(static_cast<std::int16_t>(row + 1), line, m_host.RowColor(row), Flag(options, 2), pass.Kind,
+                   Flag(options, 0), Flag(options, 3), !plain, lineStyle);
+  if (!hasEquals) return RowProblem::OfLine(line);
+  // An equation that none of the tests took goes with the line of the row before it.
+  if (!classified) return QStringLiteral("Cannot tell which curve this is: begin it with y=, x= or r=");
+  const QString unset = RowProblem::UnsetConstants(m_state, bare);
+  return unset.isEmpty() ? RowProblem::OfLine(line) : unset;
 }
 
-void ReplotDriver::AddPoints(PlotControl& plot, int row, const QStringList& options, RowPass& pass) {
-  QString s = expression::SubstituteConstants(m_state, CompileEquation(m_host.RowText(row), false));
+// A row the draw test turns away for want of x, y and r: said so, unless it is empty, hidden or a
+// constant (which draws nothing by design).
+QString ReplotDriver::NothingToDraw(const QString& text, const QStringList& options) const {
+  // Read without the strictness of the draw test, which never looked at this field here.
+  if (core::Trim(text).isEmpty() || core::Trim(options.value(4)).compare(u"False", Qt::CaseInsensitive) == 0) return {};
+  const QString line = CompileEquation(text, false);
+  if (Contains(line, QStringLiteral("=")) && expression::IsConstantName(m_state, LeftOfEquals(line))) return {};
+  return QStringLiteral("Nothing to draw: the row has no x, y or r");
+}
+
+QString ReplotDriver::AddPoints(PlotControl& plot, int row, const QStringList& options, RowPass& pass) {
+  const QString bare = CompileEquation(m_host.RowText(row), false);
+  QString s = expression::SubstituteConstants(m_state, bare);
   s = Replace(Replace(s, QStringLiteral("["), QString()), QStringLiteral("]"), QString());
   struct Header {
     const char16_t* Name;
@@ -246,11 +278,12 @@ void ReplotDriver::AddPoints(PlotControl& plot, int row, const QStringList& opti
       break;
     }
   }
-  if (header == nullptr) return;
+  if (header == nullptr) return QStringLiteral("A list of points begins with x,y or y,x, r,theta or theta,r");
 
   const int items = static_cast<int>(core::Occurrences(s, QStringLiteral(";")));
   const double color = m_host.RowColor(row);
   const bool option3 = Flag(options, 3);
+  QStringList oneNumber, failed;  // the numbers of the row's points that are not drawn, from 1
   for (int k = 0; k <= items; ++k) {
     ++pass.PointCounter;
     QString item = s;
@@ -260,15 +293,27 @@ void ReplotDriver::AddPoints(PlotControl& plot, int row, const QStringList& opti
       s = Mid(s, semicolon + 1);
     }
     QString first, second;
-    if (!SplitPoint(item, first, second)) continue;  // a point with one number cannot be drawn
+    if (!SplitPoint(item, first, second)) {  // a point with one number cannot be drawn
+      oneNumber << QString::number(k + 1);
+      continue;
+    }
     if (header->Reversed) std::swap(first, second);
     double a = m_evaluation.EvaluateExpression(first);
-    const bool failed = m_state.MathError;
+    const bool failedFirst = m_state.MathError;
     double b = m_evaluation.EvaluateExpression(second);
-    if (failed || m_state.MathError) continue;  // its number is lost with it
+    if (failedFirst || m_state.MathError) {  // its number is lost with it
+      failed << QString::number(k + 1);
+      continue;
+    }
     const auto number = static_cast<std::int16_t>(std::min(pass.PointCounter, int{std::numeric_limits<std::int16_t>::max()}));
     plot.AddPoint(number, a, b, header->Form, color, option3);
   }
+  const QString unset = RowProblem::UnsetConstants(m_state, bare);
+  if (!unset.isEmpty()) return unset;
+  QStringList problems;
+  if (!failed.isEmpty()) problems << PointsWord(failed) + QStringLiteral(" cannot be computed");
+  if (!oneNumber.isEmpty()) problems << PointsWord(oneNumber) + QStringLiteral(" must be two numbers with a comma between");
+  return problems.join(QStringLiteral("; "));
 }
 
 void ReplotDriver::AddArea(PlotControl& plot) {

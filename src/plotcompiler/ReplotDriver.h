@@ -18,7 +18,8 @@ namespace plotcompiler {
 // display checks to it and draws what the selected input tab holds: on the function tab, every
 // row (constants and display commands first, then curves, points and the area between marked
 // rows); on the inequality and parametric tabs, their one region or curve; on the 3D tab, the
-// surface. It keeps nothing between calls but the constants' values in the shared state.
+// surface. It keeps nothing between calls but the constants' values in the shared state. On the
+// function tab it tells the host, row by row, why a row draws nothing: the plot stays silent.
 //
 // An attribute list that is not six fields of "True"/"False" and a number is an error the driver
 // does not handle: it raises core::RuntimeError to the caller, with the tab strip left disabled
@@ -37,8 +38,10 @@ private:
   void ParametricTab(PlotControl& plot);
   void SurfaceTab(Plot3DControl& plot);
   QString TakeConstantsAndCommands(PlotControl& plot);
-  void DrawRow(PlotControl& plot, int row, RowPass& pass);
-  void AddPoints(PlotControl& plot, int row, const QStringList& options, RowPass& pass);
+  // Each returns why the row draws nothing, or "" (see RowProblem).
+  QString DrawRow(PlotControl& plot, int row, RowPass& pass);
+  QString AddPoints(PlotControl& plot, int row, const QStringList& options, RowPass& pass);
+  QString NothingToDraw(const QString& text, const QStringList& options) const;
   void AddArea(PlotControl& plot);
   bool HasSymbol(const QString& text, const QString& symbol) const;
 

@@ -21,6 +21,9 @@ public:
   virtual bool RowNoteVisible(int row) const = 0;
   // The attribute list, "False,False,False,True,True,0" for a new row.
   virtual QString RowAttributes(int row) const = 0;
+  // Why a row draws nothing, in words for its warning mark; empty when it draws (or is not meant
+  // to: a note, a hidden row, a constant). Told for every row each time the function tab is drawn.
+  virtual void SetRowProblem(int row, const QString& why) = 0;
 
   virtual int SelectedTab() const = 0;
   // Checked of a ribbon control, by command id.

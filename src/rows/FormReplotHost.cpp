@@ -18,6 +18,7 @@ QString FormReplotHost::RowText(int row) const { return m_form.Functions().Row(r
 std::int32_t FormReplotHost::RowColor(int row) const { return m_form.Functions().Row(row).colrFunction->Color(); }
 bool FormReplotHost::RowNoteVisible(int row) const { return !m_form.Functions().Row(row).rchfunNote->isHidden(); }
 QString FormReplotHost::RowAttributes(int row) const { return core::Tag(m_form.Functions().Row(row).grpFunction); }
+void FormReplotHost::SetRowProblem(int row, const QString& why) { m_form.Functions().SetRowProblem(row, why); }
 
 int FormReplotHost::SelectedTab() const { return m_form.tabInput()->currentIndex(); }
 

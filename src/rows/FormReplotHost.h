@@ -19,6 +19,7 @@ public:
   std::int32_t RowColor(int row) const override;
   bool RowNoteVisible(int row) const override;
   QString RowAttributes(int row) const override;
+  void SetRowProblem(int row, const QString& why) override;
   int SelectedTab() const override;
   bool RibbonChecked(std::int32_t id) const override;
   QString IntegralMinText() const override;

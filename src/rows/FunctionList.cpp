@@ -13,13 +13,17 @@
 #include "core/Twips.h"
 #include "mathx/MthX.h"
 
+#include <QBuffer>
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QResizeEvent>
+#include <QToolTip>
 #include <QWheelEvent>
 
+#include <cmath>
 #include <utility>
 
 namespace rows {
@@ -130,6 +134,12 @@ bool FunctionList::eventFilter(QObject* watched, QEvent* event) {
       }
       break;
     }
+    case QEvent::ToolTip:
+      if (watched == Row(i).mthFunction) {
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), EditorToolTip(i), Row(i).mthFunction);
+        return true;
+      }
+      break;
     case QEvent::ContextMenu:
       // The note's menu comes with the button's release, not the text box's own menu.
       if (watched == Row(i).rchfunNote || watched == Row(i).rchfunNote->viewport()) return true;
@@ -201,7 +211,7 @@ void FunctionList::AddFunction(bool ShowNote) {
 RowContents FunctionList::Contents(int index) const {
   const FunctionRow& row = Row(index);
   return {row.mthFunction->Text(), row.colrFunction->Color(), core::Tag(row.grpFunction), row.rchfunNote->toHtml(),
-          !row.rchfunNote->isHidden()};
+          !row.rchfunNote->isHidden(), RowBuilder::Problem(row)};
 }
 
 void FunctionList::SetContents(int index, const RowContents& contents) {
@@ -213,6 +223,30 @@ void FunctionList::SetContents(int index, const RowContents& contents) {
   const QSignalBlocker noteQuiet(row.rchfunNote);
   row.rchfunNote->setHtml(contents.NoteHtml);
   row.rchfunNote->setVisible(contents.NoteVisible);
+  RowBuilder::ShowProblem(row, contents.Problem);
+}
+
+void FunctionList::SetRowProblem(int row, const QString& why) {
+  if (row < 0 || row > HighestIndex()) return;
+  RowBuilder::ShowProblem(Row(row), why);
+}
+
+QString FunctionList::EditorToolTip(int row) const {
+  const mathx::MthX& editor = *Row(row).mthFunction;
+  if (editor.Text().isEmpty() || editor.sizeHint().width() <= editor.width()) return editor.toolTip();
+  // The picture at the screen's density, shown at its size in logical pixels.
+  const double ratio = editor.devicePixelRatioF();
+  const QImage picture = editor.Typeset().Render(QColor(0, 0, 255), ratio);
+  QByteArray png;
+  QBuffer buffer(&png);
+  buffer.open(QIODevice::WriteOnly);
+  picture.save(&buffer, "PNG");
+  const QSizeF size = editor.Typeset().Size();
+  return QStringLiteral("<p><img src=\"data:image/png;base64,%1\" width=\"%2\" height=\"%3\"></p><p>%4</p>")
+      .arg(QString::fromLatin1(png.toBase64()))
+      .arg(std::ceil(size.width()))
+      .arg(std::ceil(size.height()))
+      .arg(editor.toolTip());
 }
 
 std::vector<RowContents> FunctionList::CopyRows() const {
@@ -236,6 +270,7 @@ void FunctionList::RemoveFunction(int Index, bool Replot) {
       row.rchfunNote->setPlainText(QString::fromLatin1(kDefaultNote));
       row.rchfunNote->hide();
     }
+    RowBuilder::ShowProblem(row, QString());
     Refresh_mth_Height(false);
     core::SetTag(row.mthFunction, QString());
     emit RowsRenumbered({-1});
@@ -326,11 +361,15 @@ void FunctionList::Refresh_mth_Height(bool ScrollToEnd) {
   }
   const FunctionRow& last = Row(HighestIndex());
   m_picHeight = last.Top + last.Height;
+  // Shown or hidden before the rows are placed, so that they take the width it leaves them.
+  m_scrlFunctions->setVisible(m_picHeight > m_listHeight);
   PlaceList();
   m_scrlFunctions->setMaximum(std::max(0, static_cast<int>(m_picHeight - m_listHeight + kScrollMargin)));
   m_scrlFunctions->setSingleStep(static_cast<int>(Row(0).Height));
   m_scrlFunctions->setPageStep(static_cast<int>(5 * Row(0).Height));
-  m_scrlFunctions->setVisible(m_picHeight > m_listHeight);
+  // A list that fits its window goes back to its top: with no scroll bar there is no other way back
+  // to rows scrolled out of sight.
+  if (m_scrlFunctions->isHidden()) m_scrlFunctions->setValue(0);
   if (ScrollToEnd) m_scrlFunctions->setValue(m_scrlFunctions->maximum());
   Scroll(m_scrlFunctions->value());
 }
@@ -342,6 +381,7 @@ void FunctionList::PlaceStatusIcon(FunctionRow& row, int index) {
   bool visible = true;
   core::TryStep([&] { visible = core::StrictToBoolean(core::At(options, 4)); });
   const bool showIcon = hasCommand == visible;
+  RowBuilder::ShowDrawn(row, visible || hasCommand);
   row.imgInvisible->setVisible(showIcon);
   if (showIcon) row.imgInvisible->setIcon(RowStatusIcons::Icon(RowStatusIcons::Hidden));
   if (hasCommand) row.imgInvisible->setIcon(RowStatusIcons::Icon(RowStatusIcons::Command));
@@ -374,7 +414,7 @@ void FunctionList::SetListHeight(double twips) {
 // The rows' frames at their tops, the list as high as its rows, and the scroll bar beside it.
 void FunctionList::PlaceList() {
   const int scrollWidth = m_scrlFunctions->sizeHint().width();
-  const int width = m_grpFunctions->width() - (m_scrlFunctions->isVisible() ? scrollWidth : 0);
+  const int width = m_grpFunctions->width() - (m_scrlFunctions->isHidden() ? 0 : scrollWidth);
   m_picFunction->resize(width, Px(m_picHeight));
   for (FunctionRow& row : m_rows) row.grpFunction->setGeometry(0, Px(row.Top), width, Px(row.Height));
   m_scrlFunctions->setGeometry(m_grpFunctions->width() - scrollWidth, 0, scrollWidth, Px(m_listHeight));

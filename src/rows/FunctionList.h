@@ -47,6 +47,13 @@ public:
   void BeginBulk() { ++m_bulk; }
   void EndBulk();
 
+  // The warning mark of a row that cannot be drawn, with why; an empty why takes it away. An index
+  // past the end is ignored.
+  void SetRowProblem(int row, const QString& why);
+  // What a row's editor shows on hovering: the whole equation, typeset, when the editor cuts it
+  // off; else its usual hint.
+  QString EditorToolTip(int row) const;
+
   int ActiveRow() const { return m_activeRow; }
   void SetActiveRow(int row);
 

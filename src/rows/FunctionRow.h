@@ -23,6 +23,7 @@ struct FunctionRow {
   QToolButton* btnMore = nullptr;       // opens the row's context menu
   QToolButton* imgInvisible = nullptr;  // the status icon, in the colour picker's place
   QToolButton* imgNote = nullptr;       // made and destroyed with the row, always hidden
+  QToolButton* imgProblem = nullptr;    // the warning beside the editor: why the row draws nothing
   QFrame* ActiveLine_UP = nullptr;      // the four lines of the active row's frame
   QFrame* ActiveLine_Down = nullptr;
   QFrame* ActiveLine_Left = nullptr;
@@ -31,13 +32,15 @@ struct FunctionRow {
   double Height = 0;  // twips
 };
 
-// The four items of a row that travel when rows are moved or removed.
+// The four items of a row that travel when rows are moved or removed; and its warning, which
+// goes with its text until the next drawing says again what it is.
 struct RowContents {
   QString Text;
   std::int32_t Color = 255;
   QString Attributes;
   QString NoteHtml;
   bool NoteVisible = false;
+  QString Problem;
 };
 
 }  // namespace rows

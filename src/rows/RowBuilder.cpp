@@ -8,7 +8,10 @@
 #include "mathx/MthX.h"
 #include "ribbon/Icons.h"
 
+#include <QGraphicsOpacityEffect>
+#include <QStyle>
 #include <QTextEdit>
+#include <QToolTip>
 
 namespace rows {
 
@@ -23,6 +26,28 @@ QFrame* Line(QWidget* parent, const char* name) {
   line->setProperty("activeLine", true);
   line->hide();
   return line;
+}
+
+constexpr double kProblemSize = 270;  // twips: the warning mark, under the button beside the editor
+
+// How much of a hidden row's equation shows through: enough to read, plainly not drawn.
+constexpr double kHiddenOpacity = 0.4;
+
+QToolButton* ProblemMark(QFrame* parent) {
+  auto* mark = new QToolButton(parent);
+  mark->setObjectName(QStringLiteral("imgProblem"));
+  mark->setAutoRaise(true);
+  mark->setIconSize(QSize(16, 16));
+  mark->setIcon(QIcon::fromTheme(QStringLiteral("dialog-warning"),
+                                 parent->style()->standardIcon(QStyle::SP_MessageBoxWarning)));
+  mark->setAccessibleName(QObject::tr("Cannot be drawn"));
+  // Within reach of the keyboard, and a click or a key tells the reason where a pointer cannot hover.
+  mark->setFocusPolicy(Qt::TabFocus);
+  QObject::connect(mark, &QToolButton::clicked, mark, [mark] {
+    QToolTip::showText(mark->mapToGlobal(QPoint(0, mark->height())), mark->toolTip(), mark);
+  });
+  mark->hide();
+  return mark;
 }
 
 }  // namespace
@@ -75,6 +100,7 @@ FunctionRow RowBuilder::Create(QWidget& picFunction, platform::ColorChooser& cho
   };
   row.imgInvisible = icon("imgInvisible");
   row.imgNote = icon("imgNote");
+  row.imgProblem = ProblemMark(row.grpFunction);
 
   row.ActiveLine_UP = Line(row.grpFunction, "ActiveLine_UP");
   row.ActiveLine_Down = Line(row.grpFunction, "ActiveLine_Down");
@@ -90,7 +116,7 @@ void RowBuilder::Destroy(FunctionRow& row) {
                           static_cast<QWidget*>(row.ActiveLine_UP), static_cast<QWidget*>(row.ActiveLine_Down),
                           static_cast<QWidget*>(row.ActiveLine_Left), static_cast<QWidget*>(row.ActiveLine_Right),
                           static_cast<QWidget*>(row.imgInvisible), static_cast<QWidget*>(row.imgNote),
-                          static_cast<QWidget*>(row.grpFunction)}) {
+                          static_cast<QWidget*>(row.imgProblem), static_cast<QWidget*>(row.grpFunction)}) {
     if (widget == nullptr) continue;
     // A handler of the row itself may be running (its menu removes it): go when it has returned.
     widget->hide();
@@ -117,6 +143,30 @@ void RowBuilder::PlaceFrame(FunctionRow& row) {
   row.ActiveLine_Right->setGeometry(right - line, top, line, bottom - top + line);
   const int more = Px(kMoreSize);
   row.btnMore->setGeometry(right + Px(kMoreGap), editor.top() + (Px(kMinEditorHeight) - more) / 2, more, more);
+  const int mark = Px(kProblemSize);
+  row.imgProblem->setGeometry(row.btnMore->x() + (more - mark) / 2, row.btnMore->geometry().bottom() + 1, mark, mark);
+}
+
+void RowBuilder::ShowProblem(FunctionRow& row, const QString& why) {
+  row.imgProblem->setToolTip(why);
+  row.imgProblem->setAccessibleDescription(why);
+  row.imgProblem->setVisible(!why.isEmpty());
+}
+
+QString RowBuilder::Problem(const FunctionRow& row) {
+  return row.imgProblem->isHidden() ? QString() : row.imgProblem->toolTip();
+}
+
+// Through an effect rather than the text's colour, which the input tabs set for every row.
+void RowBuilder::ShowDrawn(FunctionRow& row, bool drawn) {
+  if (drawn) {
+    row.mthFunction->setGraphicsEffect(nullptr);
+  } else if (row.mthFunction->graphicsEffect() == nullptr) {
+    auto* faded = new QGraphicsOpacityEffect(row.mthFunction);
+    faded->setOpacity(kHiddenOpacity);
+    row.mthFunction->setGraphicsEffect(faded);
+  }
+  row.mthFunction->setAccessibleDescription(drawn ? QString() : QObject::tr("Hidden: not drawn"));
 }
 
 }  // namespace rows

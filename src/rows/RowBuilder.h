@@ -21,6 +21,11 @@ public:
   static void PlaceFrame(FunctionRow& row);
   // The editor's width, which the editor widens on its own.
   static void FixEditorWidth(FunctionRow& row);
+  // The warning mark with why the row draws nothing in its tool tip; hidden when why is empty.
+  static void ShowProblem(FunctionRow& row, const QString& why);
+  static QString Problem(const FunctionRow& row);
+  // A hidden row's equation greyed, a drawn one as it is.
+  static void ShowDrawn(FunctionRow& row, bool drawn);
 };
 
 }  // namespace rows

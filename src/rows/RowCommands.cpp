@@ -2,6 +2,7 @@
 
 #include "ColorButton.h"
 #include "FunctionList.h"
+#include "RowBuilder.h"
 #include "RowMenu.h"
 #include "RowStatusIcons.h"
 
@@ -123,6 +124,7 @@ void RowCommands::Flag(ribbon::CommandControl& control, int row, int position) {
   r.imgInvisible->setVisible(!control.Checked());
   r.imgInvisible->setIcon(RowStatusIcons::Icon(RowStatusIcons::Hidden));
   r.colrFunction->setVisible(control.Checked());
+  RowBuilder::ShowDrawn(r, control.Checked());
 }
 
 void RowCommands::Note(ribbon::CommandControl& control, int row) {

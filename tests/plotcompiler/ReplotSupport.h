@@ -85,6 +85,7 @@ public:
   std::int32_t RowColor(int row) const override { return rows.at(static_cast<std::size_t>(row)).Color; }
   bool RowNoteVisible(int row) const override { return rows.at(static_cast<std::size_t>(row)).Note; }
   QString RowAttributes(int row) const override { return rows.at(static_cast<std::size_t>(row)).Attributes; }
+  void SetRowProblem(int row, const QString& why) override { problems[row] = why; }
   int SelectedTab() const override { return tab; }
   bool RibbonChecked(std::int32_t id) const override { return checks.count(id) ? checks.at(id) : false; }
   QString IntegralMinText() const override { return integralMin; }
@@ -118,6 +119,7 @@ public:
   }
 
   std::vector<Row> rows;
+  std::map<int, QString> problems;  // what the driver said of each row, last
   int tab = 0;
   std::map<std::int32_t, bool> checks{{1087, true}, {1088, true}, {1090, true}, {1089, true}, {1124, true}, {1086, false}};
   QString integralMin = QStringLiteral("-1"), integralMax = QStringLiteral("1");

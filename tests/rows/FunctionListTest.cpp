@@ -306,10 +306,33 @@ TEST(FunctionList, TheListScrollsUnderItsWindow) {
   EXPECT_EQ(f.list.scrlFunctions()->maximum(), static_cast<int>(picture - core::Tw(f.list.grpFunctions()->height()) + 150));
   f.list.scrlFunctions()->setValue(3000);
   EXPECT_EQ(f.list.picFunction()->y(), core::Px(120 - 3000));
-  // Shorter than its window: no scroll bar, and the list stands at 120 less the position it has.
-  for (int i = 29; i > 2; --i) f.list.RemoveFunction(i, false);
-  EXPECT_TRUE(f.list.scrlFunctions()->isHidden());
-  EXPECT_EQ(f.list.picFunction()->y(), core::Px(120 - f.list.scrlFunctions()->value()));
+}
+
+// A list that comes to fit its window has no scroll bar to bring back rows scrolled out of sight:
+// it goes back to its top, at 120, also when it is shorter than the window by less than the
+// scroll range's margin (where the bar's range alone would keep it scrolled).
+TEST(FunctionList, AListThatComesToFitItsWindowGoesBackToItsTop) {
+  const struct {
+    const char* name;
+    int height;  // pixels of the whole list
+    int rowsBefore, rowsAfter;
+  } cases[] = {
+      {"far shorter", 600, 30, 3},
+      // 578 pixels leave 7950 twips for the rows: seven rows of 1125 fit with 75 to spare.
+      {"shorter by less than the margin", 578, 8, 7},
+  };
+  for (const auto& c : cases) {
+    ListFixture f;
+    f.list.resize(470, c.height);
+    f.Fill(c.rowsBefore);
+    ASSERT_FALSE(f.list.scrlFunctions()->isHidden()) << c.name;
+    f.list.scrlFunctions()->setValue(f.list.scrlFunctions()->maximum());
+    ASSERT_GT(f.list.scrlFunctions()->value(), 0) << c.name;
+    while (f.list.HighestIndex() >= c.rowsAfter) f.list.RemoveFunction(f.list.HighestIndex(), false);
+    EXPECT_TRUE(f.list.scrlFunctions()->isHidden()) << c.name;
+    EXPECT_EQ(f.list.scrlFunctions()->value(), 0) << c.name;
+    EXPECT_EQ(f.list.picFunction()->y(), core::Px(120)) << c.name;
+  }
 }
 
 TEST(FunctionList, StatusIconsTellHiddenCommandAndNoteRows) {
