@@ -115,7 +115,23 @@ PlotStyle Plot::StyleAt(double ratio) const {
   return style;
 }
 
+void Plot::MakeScalesEqual() {
+  const double width = m_size.width(), height = m_size.height();
+  const double xSpan = m_xMax - m_xMin, ySpan = m_yMax - m_yMin;
+  if (width <= 0 || height <= 0 || !std::isfinite(xSpan) || !std::isfinite(ySpan) || xSpan == 0 || ySpan == 0) return;
+  // Units per pixel on each axis; the axis with fewer is widened to the other's.
+  const double xUnit = std::abs(xSpan) / width, yUnit = std::abs(ySpan) / height;
+  if (xUnit < yUnit) {
+    const double middle = m_xMin + xSpan / 2, half = std::copysign(yUnit * width / 2, xSpan);
+    m_xMin = middle - half, m_xMax = middle + half;
+  } else if (yUnit < xUnit) {
+    const double middle = m_yMin + ySpan / 2, half = std::copysign(xUnit * height / 2, ySpan);
+    m_yMin = middle - half, m_yMax = middle + half;
+  }
+}
+
 void Plot::Redraw() {
+  if (m_equalScales) MakeScalesEqual();
   const ViewTransform view = View();
   const int quality = QualityPercent();
   // Every item draws into a drawing of its own, on whichever core is free; the drawings are then

@@ -115,6 +115,12 @@ public:
   void SetInteractive(bool v) { m_interactive = v; }
   std::int32_t ZoomType() const { return m_zoomType; }
   void SetZoomType(std::int32_t v) { m_zoomType = v; }
+  // One unit as long on the x axis as on the y axis: each Redraw widens the range that needs it,
+  // about its middle, so that a circle is round.
+  bool EqualScales() const { return m_equalScales; }
+  void SetEqualScales(bool v) { m_equalScales = v; }
+  // Widens the range now, for the current size.
+  void MakeScalesEqual();
 
   // A colour value (red in the low byte) as a colour.
   static QColor ColorOf(double value);
@@ -148,6 +154,7 @@ private:
   double m_backColor = 16777215;
   bool m_interactive = true;
   std::int32_t m_zoomType = 3;
+  bool m_equalScales = false;
 };
 
 }  // namespace plot2d

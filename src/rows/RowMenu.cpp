@@ -38,8 +38,6 @@ void RowMenu::Prepare(int i) {
   const bool isPoint = core::Left(text, 1) == u"[";
   const bool isCommand = core::Left(text, 7) == u"command";
   const bool declares = text.contains(QStringLiteral("declare"));
-  // btnMore's tag is never written: its numeric prefix is 0, and row 0's note is read.
-  const bool tagNote = !m_rows.Row(0).rchfunNote->isHidden();
   const auto each = [this](std::initializer_list<std::int32_t> ids, auto&& apply) {
     for (std::int32_t id : ids) {
       if (ribbon::CommandControl* item = Item(id)) apply(*item);
@@ -60,7 +58,8 @@ void RowMenu::Prepare(int i) {
   if (isPoint && !isCommand) {
     caption(1162, "Point(s) is solution.");
     caption(1107, "Remove This Point");
-  } else if (tagNote) {
+  } else if (note) {
+    // The row's own note: a note in another row says nothing of this one.
     caption(1107, "Remove This Note");
   } else {
     caption(1162, "Show Point(s).");
@@ -87,7 +86,9 @@ void RowMenu::Prepare(int i) {
   visible({1108}, i != 0);
   visible({1109}, i != m_rows.HighestIndex());
   each({1109}, [this](ribbon::CommandControl& item) { item.SetBeginGroup(Item(1108) && !Item(1108)->Visible()); });
-  visible({1174}, !(tagNote || isCommand));
+  visible({1174}, !(note || isCommand));
+  // The note's font from the row's own menu too, where the row is a note.
+  visible({1161}, note);
 }
 
 void RowMenu::btnMore_Click(int i, const QPoint& at) {

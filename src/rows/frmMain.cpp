@@ -64,6 +64,7 @@ constexpr double kTabLeft = 60;
 constexpr double kRangeWidth = 3210;
 
 const QString kSettings = QStringLiteral("Settings");
+constexpr std::int32_t kEqualScales = 1200;  // the View tab's "Equal scales" check
 
 }  // namespace
 
@@ -240,6 +241,7 @@ void frmMain::Form_Load() {
   core::TryStep([&] { scene.SetAxisColor(setting("Axiscolor", "16711680")); });
   core::TryStep([&] { scene.SetThickness(setting("Thickness", "2")); });
   core::TryStep([&] { scene.SetQuality(setting("Quality", "90")); });
+  scene.SetEqualScales(settings.GetSetting(kSettings, QStringLiteral("EqualScales"), QStringLiteral("0")) == u"1");
   m_commandBars.LoadDesignFile(platform::DataFile(QStringLiteral("Ribbon/Ribbon.xcb")));
   StartRibbon();
   CreateFileMenu();
@@ -323,9 +325,21 @@ void frmMain::ShowContact() {
 }
 
 void frmMain::CommandBars_Execute(ribbon::CommandControl& control) {
+  if (control.Id() == kEqualScales) {
+    ToggleEqualScales(control);
+    return;
+  }
   m_dispatch->CommandBars_Execute(control);
   // The ribbon's sliders and the status bar's show the same two values.
   if (control.Id() == 1113 || control.Id() == 1122) m_panes->Sync();
+}
+
+// Kept for the next start, as the colours are; the project file does not hold it.
+void frmMain::ToggleEqualScales(ribbon::CommandControl& control) {
+  control.SetChecked(!control.Checked());
+  m_plot->Scene().SetEqualScales(control.Checked());
+  m_services.Settings.SaveSetting(kSettings, QStringLiteral("EqualScales"), control.Checked() ? QStringLiteral("1") : QStringLiteral("0"));
+  m_plot->Redraw();
 }
 
 void frmMain::ToolTipReNew() {
@@ -356,6 +370,7 @@ void frmMain::MirrorPlot(bool afterEvent) {
     check(1092, scene.ShowMouseCoordinate());
     check(1086, scene.TransparentBackground());
     check(1124, scene.ShowTips());
+    check(kEqualScales, scene.EqualScales());
     if (zoomLabel) zoomLabel->SetCaption(QStringLiteral("Zoom: X and Y"));
     return;
   }
@@ -378,7 +393,7 @@ void frmMain::MirrorPlot(bool afterEvent) {
 }
 
 void frmMain::Change3D(bool enable) {
-  for (std::int32_t id : {1087, 1088, 1090, 1089, 1124, 1086, 1092, 1043, 1034}) {
+  for (std::int32_t id : {1087, 1088, 1090, 1089, 1124, 1086, 1092, 1043, 1034, kEqualScales}) {
     if (auto* control = m_commandBars.FindControl(id)) control->SetEnabled(enable);
   }
 }
@@ -411,6 +426,7 @@ bool frmMain::LoadProject(const QString& path) {
   if (!project::ProjectReader(*m_project, m_state, m_services.Boxes).LoadProject(path)) return false;
   m_panes->Sync();
   MirrorSliders();
+  MirrorPlot(true);  // the ribbon's colours and checks show what the file holds
   MarkSaved();
   return true;
 }

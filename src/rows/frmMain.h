@@ -154,6 +154,7 @@ private:
   void ProjectChanged();
   void CheckChanged();
   void SaveSliderSettings();
+  void ToggleEqualScales(ribbon::CommandControl& control);
   bool eventFilter(QObject* watched, QEvent* event) override;
   void ApplyZoom(const QString& text);
 

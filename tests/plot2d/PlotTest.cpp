@@ -9,6 +9,7 @@
 #include <QTemporaryDir>
 
 #include <cmath>
+#include <limits>
 
 using plot2d::Plot;
 
@@ -373,4 +374,47 @@ TEST(Plot, DerivativeGivesTheRightHandSideOrRaises) {
   plot2d::Plot plot;
   EXPECT_EQ(plot.Derivative("y=x^2"), "2*x");
   EXPECT_THROW(plot.Derivative("x^2+y^2=1"), core::RuntimeError);
+}
+
+// With equal scales one unit is as long across as up: the range that needs it is widened about its
+// middle, the other is kept.
+TEST(Plot, EqualScalesWidenTheRangeThatNeedsIt) {
+  struct Case {
+    QSize Size;
+    double Range[4];     // xMin, xMax, yMin, yMax set
+    double Expected[4];  // after a redraw
+  };
+  const Case cases[] = {
+      {{800, 400}, {-10, 10, -10, 10}, {-20, 20, -10, 10}},
+      {{400, 800}, {-10, 10, -10, 10}, {-10, 10, -20, 20}},
+      {{600, 600}, {0, 4, 1, 3}, {0, 4, 0, 4}},
+      {{800, 600}, {-4, 4, -3, 3}, {-4, 4, -3, 3}},
+  };
+  for (const Case& c : cases) {
+    plot2d::Plot plot;
+    plot.SetSize(c.Size);
+    plot.SetXMin(c.Range[0]), plot.SetXMax(c.Range[1]), plot.SetYMin(c.Range[2]), plot.SetYMax(c.Range[3]);
+    plot.Redraw();
+    EXPECT_EQ(plot.XMin(), c.Range[0]) << "nothing changes while the scales may differ";
+    plot.SetEqualScales(true);
+    plot.Redraw();
+    EXPECT_DOUBLE_EQ(plot.XMin(), c.Expected[0]);
+    EXPECT_DOUBLE_EQ(plot.XMax(), c.Expected[1]);
+    EXPECT_DOUBLE_EQ(plot.YMin(), c.Expected[2]);
+    EXPECT_DOUBLE_EQ(plot.YMax(), c.Expected[3]);
+    EXPECT_NEAR((plot.XMax() - plot.XMin()) / c.Size.width(), (plot.YMax() - plot.YMin()) / c.Size.height(), 1e-12);
+  }
+}
+
+TEST(Plot, EqualScalesLeaveAnEmptyOrEndlessRangeAlone) {
+  plot2d::Plot plot;
+  plot.SetEqualScales(true);
+  plot.SetSize({800, 400});
+  plot.SetXMin(1), plot.SetXMax(1);
+  plot.Redraw();
+  EXPECT_EQ(plot.XMin(), 1);
+  EXPECT_EQ(plot.YMax(), 10);
+  plot.SetXMax(std::numeric_limits<double>::infinity());
+  plot.Redraw();
+  EXPECT_EQ(plot.YMax(), 10);
 }

@@ -25,8 +25,10 @@
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QSlider>
+#include <QTemporaryDir>
 #include <QTest>
 
+#include <cmath>
 #include <functional>
 
 namespace {
@@ -222,6 +224,51 @@ TEST(Redrawing, AnUnreadableRangeKeepsThePictureAndStaysRed) {
     EXPECT_FALSE(field->property("invalid").toBool());
     EXPECT_TRUE(WaitUntil([&] { return replotted.count() == 1; }));
   }
+}
+
+TEST(Redrawing, EqualScalesMakeACircleRoundAndAreRemembered) {
+  Window w;
+  ribbon::CommandControl* check = w->CommandBars().FindControl(1200);
+  ASSERT_NE(check, nullptr);
+  EXPECT_EQ(check->Caption(), "Equal scales");
+  EXPECT_FALSE(check->Checked()) << "off at first, so that the default range stands";
+  w.Fill({"x^2+y^2=25"});
+  const plot2d::Plot& scene = w->Plot().Scene();
+  const auto unitsPerPixel = [&scene](bool across) {
+    return across ? (scene.XMax() - scene.XMin()) / scene.Size().width()
+                  : (scene.YMax() - scene.YMin()) / scene.Size().height();
+  };
+  ASSERT_NE(scene.Size().width(), scene.Size().height());
+  EXPECT_GT(std::abs(unitsPerPixel(true) - unitsPerPixel(false)), 1e-3);
+  w.Run(1200);
+  EXPECT_TRUE(check->Checked());
+  EXPECT_NEAR(unitsPerPixel(true), unitsPerPixel(false), 1e-12);
+  EXPECT_EQ(w.settings.values.value("Settings/EqualScales"), "1");
+  // The next window starts with them.
+  MainWindowFixture next;
+  next.settings.values = w.settings.values;
+  next.form = std::make_unique<rows::frmMain>(next.state, rows::MainServices{next.settings, next.boxes, next.colors,
+                                                                             next.files, next.desktop});
+  EXPECT_TRUE(next->CommandBars().FindControl(1200)->Checked());
+  EXPECT_TRUE(next->Plot().Scene().EqualScales());
+  w.Run(1200);
+  EXPECT_EQ(w.settings.values.value("Settings/EqualScales"), "0");
+}
+
+// The ribbon shows the colours and checks of the project that was opened.
+TEST(Redrawing, TheRibbonShowsAnOpenedProjectsColoursAndChecks) {
+  QTemporaryDir dir;
+  const QString path = dir.filePath("coloured.qlp");
+  {
+    Window a;
+    a->Plot().Scene().SetAxisColor(255);
+    a->Plot().Scene().SetBackColor(15790320);
+    ASSERT_TRUE(a->SaveProject(path));
+  }
+  Window b;
+  ASSERT_TRUE(b->LoadProject(path));
+  EXPECT_EQ(b->CommandBars().FindControl(1044)->Color(), 255);
+  EXPECT_EQ(b->CommandBars().FindControl(1042)->Color(), 15790320);
 }
 
 }  // namespace

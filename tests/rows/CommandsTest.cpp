@@ -2,6 +2,7 @@
 #include "core/Tag.h"
 #include "interaction/StatusPanes.h"
 #include "mathx/MthX.h"
+#include "platform/DataFolder.h"
 #include "plot2d/PlotWidget.h"
 #include "ribbon/RibbonBar.h"
 #include "rows/ColorButton.h"
@@ -22,7 +23,10 @@
 #include <QImageReader>
 #include <QJsonDocument>
 #include <QMenu>
+#include <QStyle>
+#include <QStyleFactory>
 #include <QTemporaryDir>
+#include <QTextEdit>
 
 namespace {
 
@@ -81,7 +85,7 @@ TEST(RowMenu, TheMenuByKindOfRow) {
       {2, {"Change Points", "Remove This Point", false, false, "Point(s) is solution.", true}},
       {3, {"", "Remove This Function", false, false, "", false}},
       {4, {"Add Points", "Remove This Function", false, false, "", false}},
-      {5, {"Evaluate Points", "Remove This Function", false, false, "", false}},
+      {5, {"", "Remove This Note", false, false, "", false}},
   };
   for (const Case& c : cases) {
     w->FunctionMenu().Prepare(c.row);
@@ -98,20 +102,99 @@ TEST(RowMenu, TheMenuByKindOfRow) {
   }
 }
 
-TEST(RowMenu, RowZerosNoteSpeaksForEveryRow) {
+// Each row's menu reads that row's own note: a note in row 0 says nothing of the rows under it.
+TEST(RowMenu, EachRowsOwnNoteSpeaksForIt) {
   Window w;
   w.Fill({"y=x", "y=2x", "[x,y;1,2]", "y=3x"});
-  w.Rows().Row(3).rchfunNote->show();
-  w->FunctionMenu().Prepare(3);
-  EXPECT_EQ(w->FunctionMenu().Item(1107)->Caption(), "Remove This Function");
   w.Rows().Row(0).rchfunNote->show();
   for (int row : {1, 3}) {
     w->FunctionMenu().Prepare(row);
-    EXPECT_EQ(w->FunctionMenu().Item(1107)->Caption(), "Remove This Note") << row;
-    EXPECT_FALSE(w->FunctionMenu().Item(1174)->Visible()) << row;
+    EXPECT_EQ(w->FunctionMenu().Item(1107)->Caption(), "Remove This Function") << row;
+    EXPECT_TRUE(w->FunctionMenu().Item(1174)->Visible()) << row;
   }
+  w.Rows().Row(3).rchfunNote->show();
+  w->FunctionMenu().Prepare(3);
+  EXPECT_EQ(w->FunctionMenu().Item(1107)->Caption(), "Remove This Note");
+  EXPECT_FALSE(w->FunctionMenu().Item(1174)->Visible());
+  w->FunctionMenu().Prepare(0);
+  EXPECT_EQ(w->FunctionMenu().Item(1107)->Caption(), "Remove This Note");
   w->FunctionMenu().Prepare(2);
   EXPECT_EQ(w->FunctionMenu().Item(1107)->Caption(), "Remove This Point");
+  EXPECT_EQ(w->FunctionMenu().Item(1162)->Caption(), "Point(s) is solution.");
+  EXPECT_TRUE(w->FunctionMenu().Item(1162)->Visible());
+}
+
+// The menu as the program shows it, in its own look: the picture, and where each item is.
+struct ShownMenu {
+  QImage Picture;
+  std::map<int, QAction*> Actions;
+  std::map<int, QRect> Places;
+};
+
+ShownMenu OpenMenu(Window& w, int row) {
+  ShownMenu shown;
+  QFile sheet(platform::DataFile(QStringLiteral("Ribbon/Quillograph.qss")));
+  EXPECT_TRUE(sheet.open(QIODevice::ReadOnly));
+  const QString look = QString::fromUtf8(sheet.readAll()).replace(QStringLiteral("%DATA%"), platform::DataFolder());
+  std::unique_ptr<QStyle> fusion(QStyleFactory::create(QStringLiteral("Fusion")));
+  w->FunctionMenu().Popup = [&](QMenu& menu, const QPoint&) {
+    menu.setStyle(fusion.get());
+    menu.setStyleSheet(look);
+    menu.adjustSize();
+    for (QAction* action : menu.actions()) {
+      const int id = action->property("commandId").toInt();
+      shown.Actions[id] = action;
+      shown.Places[id] = menu.actionGeometry(action);
+    }
+    shown.Picture = menu.grab().toImage();
+    for (auto& [id, action] : shown.Actions) shown.Actions[id] = nullptr;  // gone with the menu
+  };
+  w.Rows().Row(row).btnMore->click();
+  return shown;
+}
+
+// The Visible and Note items show their check marks as the row is: the items are checkable and
+// the picture of a checked item differs from an unchecked one.
+TEST(RowMenu, VisibleAndNoteShowTheirCheckMarks) {
+  Window w;
+  w.Fill({"y=x", "y=2x", "y=3x"});
+  core::SetTag(w.Rows().Row(1).grpFunction, "False,False,False,True,False,0");  // hidden
+  w.Rows().Row(2).rchfunNote->show();
+  for (std::int32_t id : {1169, 1135}) EXPECT_EQ(w.Control(id).Kind(), ribbon::ControlKind::CheckBox) << id;
+  const ShownMenu drawn = OpenMenu(w, 0), hidden = OpenMenu(w, 1), note = OpenMenu(w, 2);
+  EXPECT_TRUE(w->FunctionMenu().Item(1135)->Checked());
+  // The same item of two menus, over the width both have (a menu is as wide as its longest item).
+  const auto same = [](const ShownMenu& a, const ShownMenu& b, int id, const ShownMenu& which) {
+    const QRect place = which.Places.at(id);
+    const int width = std::min(a.Places.at(id).width(), b.Places.at(id).width());
+    return which.Picture.copy(QRect(place.topLeft(), QSize(width, place.height())));
+  };
+  const auto item = [&](const ShownMenu& m, int id, const ShownMenu& other) { return same(m, other, id, m); };
+  EXPECT_NE(item(drawn, 1169, hidden), item(hidden, 1169, drawn)) << "the Visible item looks the same checked and not";
+  EXPECT_NE(item(drawn, 1135, note), item(note, 1135, drawn)) << "the Note item looks the same checked and not";
+}
+
+// The note's font from the row's menu: shown on a note row, and firing it opens the font dialog
+// on the note's selection as the note's own menu does.
+TEST(RowMenu, TheNoteFontFromTheRowsMenu) {
+  Window w;
+  w.Fill({"y=x", "y=2x"});
+  QTextEdit* note = w.Rows().Row(1).rchfunNote;
+  note->show();
+  w->FunctionMenu().Prepare(0);
+  ASSERT_NE(w->FunctionMenu().Item(1161), nullptr);
+  EXPECT_FALSE(w->FunctionMenu().Item(1161)->Visible());
+  w->FunctionMenu().Prepare(1);
+  EXPECT_TRUE(w->FunctionMenu().Item(1161)->Visible());
+  note->selectAll();
+  QFont chosen(QStringLiteral("Serif"), 21);
+  chosen.setBold(true);
+  w.desktop.font = chosen;
+  w.Run(1161);
+  EXPECT_EQ(w.desktop.fontAsked.size(), 1u);
+  EXPECT_TRUE(w.boxes.boxes.empty());
+  EXPECT_EQ(note->textCursor().charFormat().fontPointSize(), 21);
+  EXPECT_TRUE(note->textCursor().charFormat().font().bold());
 }
 
 TEST(RowMenu, MovingItemsByPlaceInTheList) {
