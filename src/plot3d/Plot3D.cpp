@@ -12,6 +12,18 @@ namespace plot3d {
 
 void Plot3D::SetZoom(double zoom) { m_camera.Zoom = std::isfinite(zoom) ? std::clamp(zoom, 0.25, 3.0) : 1.0; }
 
+namespace {
+
+constexpr double kZoomStep = 1.25;
+
+// Two decimals, so that the zoom field shows a number a user would type.
+double Rounded(double zoom) { return std::round(zoom * 100) / 100; }
+
+}  // namespace
+
+void Plot3D::ZoomIn() { SetZoom(Rounded(Zoom() * kZoomStep)); }
+void Plot3D::ZoomOut() { SetZoom(Rounded(Zoom() / kZoomStep)); }
+
 // The renderer's buffers are made once, at the size the plot first has.
 void Plot3D::Prepare3D() {
   if (m_prepared) return;

@@ -31,6 +31,10 @@ public:
   // 0.25 to 3; values outside are brought inside.
   double Zoom() const { return m_camera.Zoom; }
   void SetZoom(double zoom);
+  // One step nearer or farther, as the keyboard's zoom keys take it: a quarter more or less, to two
+  // decimals, within the bounds.
+  void ZoomIn();
+  void ZoomOut();
   // The edges of the mesh drawn over the shaded surface.
   bool ShowMeshLines() const { return m_meshLines; }
   void SetShowMeshLines(bool on) { m_meshLines = on; }

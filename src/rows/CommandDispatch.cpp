@@ -1,6 +1,8 @@
 #include "CommandDispatch.h"
 
 #include "FileCommands.h"
+#include "InputTabs.h"
+#include "SurfacePage.h"
 #include "frmMain.h"
 
 #include "core/NumberText.h"
@@ -13,6 +15,7 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QLineEdit>
 #include <QTabWidget>
 
 #include <cmath>
@@ -170,10 +173,15 @@ bool CommandDispatch::ViewCommand(ribbon::CommandControl& control) {
     case 1067:
     case 1068:
     case 1069: Pan(control.Id()); return true;
+    // On the 3D tab the keys zoom what is shown there, not the hidden 2D plot.
     case 1071:
-      if (!on3D) plot.ZoomIn(), Redraw();
+      if (on3D) Zoom3D(true);
+      else plot.ZoomIn(), Redraw();
       return true;
-    case 1072: plot.ZoomOut(), Redraw(); return true;
+    case 1072:
+      if (on3D) Zoom3D(false);
+      else plot.ZoomOut(), Redraw();
+      return true;
     case 1073: plot.ResetRange(), Redraw(); return true;
     case 1113:
       plot.SetQuality(control.Pos());
@@ -189,6 +197,15 @@ bool CommandDispatch::ViewCommand(ribbon::CommandControl& control) {
     case 1129: label(1126, QStringLiteral("Zoom: X and Y")), plot.SetZoomType(3); return true;
     default: return false;
   }
+}
+
+// The surface seen nearer or farther; the zoom field follows, as the next drawing reads it.
+void CommandDispatch::Zoom3D(bool in) {
+  plot3d::Plot3DWidget& view = m_form.Plot3D();
+  if (in) view.Scene().ZoomIn();
+  else view.Scene().ZoomOut();
+  view.Refresh();
+  m_form.Tabs().Surface().txt3DZoom()->setText(core::FormatNumber(view.Scene().Zoom()));
 }
 
 // An eighth of the width or height, worked out from the range before the move, so that the width

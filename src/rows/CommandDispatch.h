@@ -35,6 +35,7 @@ private:
   bool Toggle(ribbon::CommandControl& control);
   bool ToolCommand(std::int32_t id);
   void Pan(std::int32_t id);
+  void Zoom3D(bool in);
   void Redraw();
 
   frmMain& m_form;

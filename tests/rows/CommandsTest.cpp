@@ -4,6 +4,10 @@
 #include "mathx/MthX.h"
 #include "platform/DataFolder.h"
 #include "plot2d/PlotWidget.h"
+#include "plot3d/Plot3D.h"
+#include "plot3d/Plot3DWidget.h"
+#include "rows/SurfacePage.h"
+#include "core/NumberText.h"
 #include "ribbon/RibbonBar.h"
 #include "rows/ColorButton.h"
 #include "rows/CommandDispatch.h"
@@ -19,7 +23,10 @@
 #include "QtPrinters.h"
 #include "StateSupport.h"
 
+#include <QApplication>
 #include <QFile>
+#include <QLineEdit>
+#include <QTest>
 #include <QImageReader>
 #include <QJsonDocument>
 #include <QMenu>
@@ -391,13 +398,46 @@ TEST(Commands, PanningReturnsAndZoomingByPage) {
   w.Run(1069);
   EXPECT_EQ(plot.YMin(), -1);
   EXPECT_EQ(plot.YMax(), 7);
-  w->Tabs().setCurrentIndex(3);
-  w.Run(1071);  // not on the 3D page
+  w.Run(1072);
+  EXPECT_EQ(plot.XMax() - plot.XMin(), 16);
+  w.Run(1071);
   EXPECT_EQ(plot.XMax() - plot.XMin(), 8);
-  w.Run(1072);  // still on the 3D page
-  EXPECT_GT(plot.XMax() - plot.XMin(), 8);
   w.Run(1073);
   EXPECT_EQ(plot.XMin(), plot.DefaultXMin());
+}
+
+// On the 3D page the zoom commands and their keys zoom the surface, not the hidden 2D plot, and
+// the zoom field follows so that the next drawing keeps the zoom.
+TEST(Commands, ZoomingOnThe3DPageZoomsTheSurface) {
+  Window w;
+  w->show();
+  auto& plot = w->Plot().Scene();
+  auto& surface = w->Plot3D().Scene();
+  QLineEdit* field = w->Tabs().Surface().txt3DZoom();
+  w->Tabs().setCurrentIndex(3);
+  const double width = plot.XMax() - plot.XMin();
+  const struct {
+    const char* how;
+    std::function<void()> fire;
+    double zoom;
+  } steps[] = {
+      {"1071", [&] { w.Run(1071); }, 1.25},
+      {"1071 again", [&] { w.Run(1071); }, 1.56},
+      {"1072", [&] { w.Run(1072); }, 1.25},
+      {"Ctrl+-", [&] { QTest::keyClick(w.form.get(), Qt::Key_Minus, Qt::ControlModifier); }, 1},
+      {"Ctrl++", [&] { QTest::keyClick(w.form.get(), Qt::Key_Plus, Qt::ControlModifier); }, 1.25},
+  };
+  QApplication::setActiveWindow(w.form.get());
+  for (const auto& step : steps) {
+    step.fire();
+    EXPECT_DOUBLE_EQ(surface.Zoom(), step.zoom) << step.how;
+    EXPECT_EQ(field->text(), core::FormatNumber(step.zoom)) << step.how;
+    EXPECT_EQ(plot.XMax() - plot.XMin(), width) << step.how;
+  }
+  // A drawing reads the field and keeps what the keys did.
+  w->Replot(true);
+  EXPECT_DOUBLE_EQ(surface.Zoom(), 1.25);
+  EXPECT_TRUE(w.boxes.boxes.empty());
 }
 
 TEST(Commands, ColoursAndSlidersKeepTheirSettings) {
