@@ -17,6 +17,13 @@ constexpr double kReachPixels = 4;
 
 double Distance(QPointF a, QPointF b) { return std::hypot(a.x() - b.x(), a.y() - b.y()); }
 
+// Equal, or both undefined: two curves of one equation are undefined at the same places.
+bool Identical(double a, double b) { return a == b || (std::isnan(a) && std::isnan(b)); }
+
+// How near zero a coordinate must turn to touch its axis: a millionth of a pixel, far below what
+// a turn that misses the axis could be seen by.
+double Touch(double perPixel) { return 1e-6 * perPixel; }
+
 }  // namespace
 
 CurveRefiner::CurveRefiner(const Drawing& drawing, const ViewTransform& view)
@@ -27,22 +34,32 @@ double CurveRefiner::ReachY() const { return kReachPixels * m_view.YPerPixel(); 
 double CurveRefiner::Reach() const { return std::hypot(ReachX(), ReachY()); }
 bool CurveRefiner::Near(QPointF refined, QPointF seen) const { return Distance(refined, seen) <= Reach(); }
 
-const ParameterScan& CurveRefiner::Scan(std::size_t curve) {
-  if (!m_scans[curve]) m_scans[curve] = std::make_unique<ParameterScan>(m_curves[curve]);
+const ParameterRefiner& CurveRefiner::Scan(std::size_t curve) {
+  if (!m_scans[curve]) m_scans[curve] = std::make_unique<ParameterRefiner>(m_curves[curve], m_view);
   return *m_scans[curve];
 }
 
 std::optional<double> CurveRefiner::ParameterNear(std::size_t curve, QPointF at) {
-  return Scan(curve).Nearest(at, m_view, kReachPixels);
+  return Scan(curve).Nearest(at, kReachPixels);
 }
 
 // A point of a polar or parametric curve where h of it is zero, within a step of the parameter
-// nearest to at. Nothing where there is none within reach.
-std::optional<QPointF> CurveRefiner::OnParameter(std::size_t curve, QPointF at, const std::function<double(QPointF)>& h) {
+// nearest to at. Where h touches zero without a change of sign (a petal of a rose tangent to an
+// axis) it is where h turns, if it turns within touch of zero. Nothing where there is none within
+// reach.
+std::optional<QPointF> CurveRefiner::OnParameter(std::size_t curve, QPointF at, const std::function<double(QPointF)>& h,
+                                                 double touch) {
   const Drawing::Curve& c = m_curves[curve];
   const auto t = ParameterNear(curve, at);
   if (!t) return std::nullopt;
-  const auto zero = refine::RootNear([&](double u) { return h(c.PointAt(u)); }, *t, Scan(curve).Step());
+  const refine::Function along = [&](double u) { return h(c.PointAt(u)); };
+  const double step = Scan(curve).Step();
+  auto zero = refine::RootNear(along, *t, step);
+  if (!zero && touch > 0) {
+    // The picture may cross the axis a little way from where the curve touches it.
+    const auto turn = refine::Turn(along, *t - 4 * step, *t + 4 * step, along(*t) < 0);
+    if (turn && std::abs(along(*turn)) <= touch) zero = turn;
+  }
   if (!zero) return std::nullopt;
   const QPointF refined = c.PointAt(*zero);
   if (!Near(refined, at)) return std::nullopt;
@@ -58,7 +75,7 @@ QPointF CurveRefiner::Root(std::size_t curve, QPointF a, QPointF b, QPointF at) 
   } else if (c.Zero) {
     x = refine::RootNear([&](double u) { return c.Zero(u, 0); }, at.x(), ReachX());
   } else if (c.PointAt) {
-    if (const auto p = OnParameter(curve, at, [](QPointF q) { return q.y(); })) x = p->x();
+    if (const auto p = OnParameter(curve, at, [](QPointF q) { return q.y(); }, Touch(m_view.YPerPixel()))) x = p->x();
   }
   return x && std::abs(*x - at.x()) <= ReachX() ? QPointF(*x, 0) : at;
 }
@@ -71,7 +88,7 @@ QPointF CurveRefiner::YIntercept(std::size_t curve, QPointF at) {
   } else if (c.Zero) {
     y = refine::RootNear([&](double v) { return c.Zero(0, v); }, at.y(), ReachY());
   } else if (c.PointAt) {
-    if (const auto p = OnParameter(curve, at, [](QPointF q) { return q.x(); })) y = p->y();
+    if (const auto p = OnParameter(curve, at, [](QPointF q) { return q.x(); }, Touch(m_view.XPerPixel()))) y = p->y();
   }
   return y && std::isfinite(*y) && (c.Explicit || std::abs(*y - at.y()) <= ReachY()) ? QPointF(0, *y) : at;
 }
@@ -159,6 +176,35 @@ std::optional<QPointF> CurveRefiner::ParametricCrossing(std::size_t c, std::size
   const auto st = refine::CommonPoint(p, m_curves[d].PointAt, *s, *t, Reach());
   if (!st) return std::nullopt;
   return p(st->first);
+}
+
+bool CurveRefiner::Coincide(std::size_t c, std::size_t d) {
+  const auto key = std::minmax(c, d);
+  const auto known = m_coincide.find(key);
+  if (known != m_coincide.end()) return known->second;
+  const Drawing::Curve& first = m_curves[key.first];
+  const Drawing::Curve& second = m_curves[key.second];
+  // The same to the last bit at a few places spread over the view (or the parameter) is the same
+  // equation: two different ones agree so only where they meet.
+  constexpr double kPlaces[] = {0.1234, 0.3579, 0.5, 0.6543, 0.8765};
+  bool same = true;
+  for (const double u : kPlaces) {
+    const double x = m_view.XMin() + u * (m_view.XMax() - m_view.XMin());
+    const double y = m_view.YMin() + (1 - u) * (m_view.YMax() - m_view.YMin());
+    if (first.Explicit && second.Explicit) {
+      same = same && Identical(first.Explicit(x), second.Explicit(x));
+    } else if (first.Zero && second.Zero && !first.Explicit && !second.Explicit) {
+      same = same && Identical(first.Zero(x, y), second.Zero(x, y));
+    } else if (first.PointAt && second.PointAt && first.From == second.From && first.To == second.To) {
+      const double t = first.From + u * (first.To - first.From);
+      const QPointF p = first.PointAt(t), q = second.PointAt(t);
+      same = same && Identical(p.x(), q.x()) && Identical(p.y(), q.y());
+    } else {
+      same = false;
+    }
+  }
+  m_coincide[key] = same;
+  return same;
 }
 
 std::optional<QPointF> CurveRefiner::Touching(std::size_t c, std::size_t d, double x0, double x1, bool fromBelow) {

@@ -1,12 +1,13 @@
 #pragma once
 
 #include "Drawing.h"
-#include "ParameterScan.h"
+#include "ParameterRefiner.h"
 #include "ViewTransform.h"
 
 #include <QPointF>
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -35,6 +36,9 @@ public:
   QPointF YIntercept(std::size_t curve, QPointF at);
   // Where curves c and d cross, seen at the crossing of their segments a1-a2 and b1-b2.
   QPointF Crossing(std::size_t c, std::size_t d, QPointF a1, QPointF a2, QPointF b1, QPointF b2, QPointF at);
+  // Whether curves c and d are one curve twice (two rows with the same equation): then they share
+  // every point, and no crossing of their pictures is a point of their own.
+  bool Coincide(std::size_t c, std::size_t d);
   // Where two curves y = f(x) and y = g(x) touch without crossing, about the turn of f - g seen
   // between x0 and x1: the point where the difference turns at zero, if it does.
   std::optional<QPointF> Touching(std::size_t c, std::size_t d, double x0, double x1, bool fromBelow);
@@ -49,9 +53,10 @@ private:
   double ReachY() const;
   double Reach() const;
   bool Near(QPointF refined, QPointF seen) const;
-  const ParameterScan& Scan(std::size_t curve);
+  const ParameterRefiner& Scan(std::size_t curve);
   std::optional<double> ParameterNear(std::size_t curve, QPointF at);
-  std::optional<QPointF> OnParameter(std::size_t curve, QPointF at, const std::function<double(QPointF)>& h);
+  std::optional<QPointF> OnParameter(std::size_t curve, QPointF at, const std::function<double(QPointF)>& h,
+                                     double touch = 0);
   std::optional<QPointF> ExplicitCrossing(std::size_t c, std::size_t d, double lo, double hi, double x);
   std::optional<QPointF> ParametricCrossing(std::size_t c, std::size_t d, QPointF at);
   std::optional<QPointF> ParameterTurn(std::size_t curve, QPointF before, QPointF after, bool maximum);
@@ -59,7 +64,8 @@ private:
 
   const std::vector<Drawing::Curve>& m_curves;
   const ViewTransform& m_view;
-  std::vector<std::unique_ptr<ParameterScan>> m_scans;
+  std::vector<std::unique_ptr<ParameterRefiner>> m_scans;
+  std::map<std::pair<std::size_t, std::size_t>, bool> m_coincide;
 };
 
 }  // namespace plot2d

@@ -9,14 +9,16 @@
 #include <cmath>
 #include <memory>
 #include <optional>
+#include <unordered_map>
 
 namespace plot2d {
 
 namespace {
 
-// Whether two boxes share a point; unlike QRectF::intersects, flat boxes (a level segment) count.
-bool Overlap(const QRectF& a, const QRectF& b) {
-  return a.left() <= b.right() && b.left() <= a.right() && a.top() <= b.bottom() && b.top() <= a.bottom();
+// Whether the boxes of segments a1-a2 and b1-b2 share a point; flat boxes (a level segment) count.
+bool Overlap(QPointF a1, QPointF a2, QPointF b1, QPointF b2) {
+  return std::max(std::min(a1.x(), a2.x()), std::min(b1.x(), b2.x())) <= std::min(std::max(a1.x(), a2.x()), std::max(b1.x(), b2.x())) &&
+         std::max(std::min(a1.y(), a2.y()), std::min(b1.y(), b2.y())) <= std::min(std::max(a1.y(), a2.y()), std::max(b1.y(), b2.y()));
 }
 
 bool InView(QPointF p, const ViewTransform& view) {
@@ -91,13 +93,13 @@ void YIntercepts(CurveRefiner& refiner, std::size_t curve, std::vector<NotablePo
 // Where two curves y = f(x) touch without crossing, their difference turns at zero without a
 // change of sign: the crossings of the drawn segments miss it. Looked for at the turns of the
 // difference along the curve's vertices.
-void Touchings(CurveRefiner& refiner, std::size_t index, std::vector<NotablePoint>& out) {
+void Touchings(CurveRefiner& refiner, std::size_t index, std::size_t from, std::vector<NotablePoint>& out) {
   const auto& curves = refiner.Curves();
   const Drawing::Curve& first = curves[index];
   if (!first.Explicit) return;
-  for (std::size_t other = 0; other < curves.size(); ++other) {
+  for (std::size_t other = from; other < curves.size(); ++other) {
     const Drawing::Curve& second = curves[other];
-    if (other == index || !second.Explicit) continue;
+    if (other == index || !second.Explicit || refiner.Coincide(index, other)) continue;
     for (const QPolygonF& piece : first.Pieces) {
       // The vertices lie on the first curve: one evaluation of the second per vertex.
       std::vector<double> d(static_cast<std::size_t>(piece.size()));
@@ -132,14 +134,15 @@ std::unique_ptr<SegmentColumns> FileSegments(const std::vector<Drawing::Curve>& 
   return columns;
 }
 
-void Intersections(CurveRefiner& refiner, const SegmentColumns& columns, std::size_t index, std::vector<NotablePoint>& out) {
+// The crossings of curve index with the curves from from on.
+void Intersections(CurveRefiner& refiner, const SegmentColumns& columns, std::size_t index, std::size_t from,
+                   std::vector<NotablePoint>& out) {
   const auto& curves = refiner.Curves();
   for (const QPolygonF& p : curves[index].Pieces) {
     for (qsizetype i = 1; i < p.size(); ++i) {
       const QPointF a1 = p[i - 1], a2 = p[i];
-      const QRectF box = QRectF(a1, a2).normalized();
       columns.Near(a1, a2, [&](const Segment& s) {
-        if (s.Curve == index || !Overlap(box, QRectF(s.A, s.B).normalized())) return;
+        if (s.Curve == index || s.Curve < from || !Overlap(a1, a2, s.A, s.B) || refiner.Coincide(index, s.Curve)) return;
         // In the order of the curves, so that the point is the same to the last bit whichever
         // of the two the pointer is on.
         const bool first = index < s.Curve;
@@ -154,26 +157,47 @@ void Intersections(CurveRefiner& refiner, const SegmentColumns& columns, std::si
   }
 }
 
+// The points kept so far, filed by kind and the pixel they lie in, so that a new point is
+// compared with those in the pixels about it alone.
+using Filed = std::unordered_map<std::uint64_t, std::vector<std::size_t>>;
+
+std::uint64_t FileKey(NotablePoint::Kind kind, std::int64_t column, std::int64_t row) {
+  // A picture is at most 20000 pixels a side: 24 bits each, with room for the pixels beside it.
+  return (std::uint64_t(kind) << 48) | (std::uint64_t(column + 1) << 24) | std::uint64_t(row + 1);
+}
+
 // Adds to kept the points of found in view that are not within a pixel of one of their kind
 // already kept.
-void Keep(const std::vector<NotablePoint>& found, const ViewTransform& view, std::vector<NotablePoint>& kept) {
+void Keep(const std::vector<NotablePoint>& found, const ViewTransform& view, std::vector<NotablePoint>& kept, Filed& filed) {
   for (const NotablePoint& p : found) {
     if (!InView(p.At, view) || !std::isfinite(p.At.x()) || !std::isfinite(p.At.y())) continue;
-    const bool near = std::any_of(kept.begin(), kept.end(), [&](const NotablePoint& k) {
-      return k.What == p.What && std::abs(view.ToPixelX(k.At.x()) - view.ToPixelX(p.At.x())) < 1 &&
-             std::abs(view.ToPixelY(k.At.y()) - view.ToPixelY(p.At.y())) < 1;
-    });
-    if (!near) kept.push_back(p);
+    const double px = view.ToPixelX(p.At.x()), py = view.ToPixelY(p.At.y());
+    const auto column = static_cast<std::int64_t>(std::floor(px)), row = static_cast<std::int64_t>(std::floor(py));
+    bool near = false;
+    for (std::int64_t c = column - 1; c <= column + 1 && !near; ++c) {
+      for (std::int64_t r = row - 1; r <= row + 1 && !near; ++r) {
+        const auto cell = filed.find(FileKey(p.What, c, r));
+        if (cell == filed.end()) continue;
+        near = std::any_of(cell->second.begin(), cell->second.end(), [&](std::size_t k) {
+          return std::abs(view.ToPixelX(kept[k].At.x()) - px) < 1 && std::abs(view.ToPixelY(kept[k].At.y()) - py) < 1;
+        });
+      }
+    }
+    if (near) continue;
+    filed[FileKey(p.What, column, row)].push_back(kept.size());
+    kept.push_back(p);
   }
 }
 
-std::vector<NotablePoint> Search(CurveRefiner& refiner, const SegmentColumns& columns, std::size_t curve) {
+// The points of one curve; its meetings with the curves from from on (the earlier ones' have
+// been found from them, the same to the last bit).
+std::vector<NotablePoint> Search(CurveRefiner& refiner, const SegmentColumns& columns, std::size_t curve, std::size_t from) {
   std::vector<NotablePoint> found;
   Roots(refiner, curve, found);
   Extrema(refiner, curve, found);
   YIntercepts(refiner, curve, found);
-  if (refiner.View().XMax() > refiner.View().XMin()) Intersections(refiner, columns, curve, found);
-  Touchings(refiner, curve, found);
+  if (refiner.View().XMax() > refiner.View().XMin()) Intersections(refiner, columns, curve, from, found);
+  Touchings(refiner, curve, from, found);
   return found;
 }
 
@@ -184,7 +208,8 @@ std::vector<NotablePoint> FindNotablePoints(const Drawing& drawing, std::size_t 
   if (curve >= drawing.Curves.size()) return kept;
   CurveRefiner refiner(drawing, view);
   const auto columns = FileSegments(drawing.Curves, view, curve);
-  Keep(Search(refiner, *columns, curve), view, kept);
+  Filed filed;
+  Keep(Search(refiner, *columns, curve, 0), view, kept, filed);
   return kept;
 }
 
@@ -192,7 +217,10 @@ std::vector<NotablePoint> FindAllNotablePoints(const Drawing& drawing, const Vie
   std::vector<NotablePoint> kept;
   CurveRefiner refiner(drawing, view);
   const auto columns = FileSegments(drawing.Curves, view, std::nullopt);
-  for (std::size_t curve = 0; curve < drawing.Curves.size(); ++curve) Keep(Search(refiner, *columns, curve), view, kept);
+  Filed filed;
+  for (std::size_t curve = 0; curve < drawing.Curves.size(); ++curve) {
+    Keep(Search(refiner, *columns, curve, curve + 1), view, kept, filed);
+  }
   return kept;
 }
 

@@ -39,9 +39,16 @@ void BrentStep(double a, double b, double c, double fa, double fb, double fc, do
   }
 }
 
-// Brent's search for the smallest value of g over [a, b], to about half the digits of x: the
-// turn of a smooth function is flat, so its values cannot place it closer.
-double Minimum(const Function& g, double a, double b) {
+// The second difference of f at x over a step h.
+double Curvature(const Function& f, double x, double fx, double h) {
+  const double up = x + h, down = x - h;
+  const double step = (up - down) / 2;
+  return (f(up) - 2 * fx + f(down)) / (step * step);
+}
+
+}  // namespace
+
+double Lowest(const Function& g, double a, double b) {
   const double golden = (3 - std::sqrt(5.0)) / 2;
   const double floor = 1e-9 * (b - a);
   double x = a + golden * (b - a), w = x, v = x;
@@ -82,15 +89,6 @@ double Minimum(const Function& g, double a, double b) {
   }
   return x;
 }
-
-// The second difference of f at x over a step h.
-double Curvature(const Function& f, double x, double fx, double h) {
-  const double up = x + h, down = x - h;
-  const double step = (up - down) / 2;
-  return (f(up) - 2 * fx + f(down)) / (step * step);
-}
-
-}  // namespace
 
 std::optional<double> Root(const Function& f, double a, double b) {
   double fa = f(a), fb = f(b);
@@ -174,7 +172,7 @@ double Slope(const Function& f, double x, double h) {
 std::optional<double> Turn(const Function& f, double a, double b, bool maximum) {
   if (!(a < b)) return std::nullopt;
   const Function g = [&](double x) { return maximum ? -f(x) : f(x); };
-  const double rough = Minimum(g, a, b);
+  const double rough = Lowest(g, a, b);
   // The derivative is taken over a step where f is smooth, as wide as allowed so that rounding
   // in f weighs least; the rough turn lies within a few millionths of that step.
   const auto h = SmoothStep(f, rough, 16 * std::max({1.0, std::abs(rough), b - a}));

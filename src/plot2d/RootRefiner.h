@@ -22,6 +22,10 @@ std::optional<double> RootNear(const Function& f, double x, double reach);
 // first step of h. Accurate to about 1e-13 of f's size over a step where f is smooth.
 double Slope(const Function& f, double x, double h);
 
+// Where g is smallest over [a, b] (Brent's parabolic search), to about half the digits of a
+// double: a smooth minimum is flat, so its values cannot place it closer.
+double Lowest(const Function& g, double a, double b);
+
 // A step over which f near x is as smooth as a parabola (its second differences over the step, a
 // half and a quarter of it agree), halving from start: the step to take derivatives over. Nothing
 // at a kink, a jump or where f is noise.

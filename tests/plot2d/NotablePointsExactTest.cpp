@@ -107,7 +107,9 @@ std::vector<Case> Cases() {
       {"a rose meets the diagonal",
        {"r=sin(2*theta)", "y=x"},
        {},
-       {{Kind::Intersection, kHalfRoot2, kHalfRoot2}, {Kind::Intersection, -kHalfRoot2, -kHalfRoot2}, {Kind::Intersection, 0, 0}}},
+       {{Kind::Intersection, kHalfRoot2, kHalfRoot2}, {Kind::Intersection, -kHalfRoot2, -kHalfRoot2}, {Kind::Intersection, 0, 0},
+        // The petals touch the y axis at the pole; y = 2 sin^2 t cos t turns where tan^2 t = 2.
+        {Kind::YIntercept, 0, 0}, {Kind::Maximum, 2 * std::sqrt(2.0 / 3) / 3, 4 / (3 * std::sqrt(3.0))}}},
       {"the corners of a region between two boundaries",
        {},
        {"y<2-x^2", "y>x"},
