@@ -4,6 +4,7 @@
 #include "EvalCommand.h"
 #include "ExplainCommand.h"
 #include "PlotCommand.h"
+#include "PointsCommand.h"
 #include "ProjectCommands.h"
 #include "SurfaceCommand.h"
 #include "TypesetCommand.h"
@@ -41,7 +42,7 @@ QString HelpText() {
       "                      right-hand side alone. \"Could Not Derivative!\" and exit status 1\n"
       "                      where there is none (implicit equations, point lists, commands).\n"
       "\n") +
-      PlotHelp() + u'\n' + SurfaceHelp() + u'\n' + TypesetHelp() + u'\n' + ProjectCommandsHelp() +
+      PlotHelp() + u'\n' + PointsHelp() + u'\n' + SurfaceHelp() + u'\n' + TypesetHelp() + u'\n' + ProjectCommandsHelp() +
       QString(
       "\n"
       "Options:\n"
@@ -73,8 +74,9 @@ std::optional<std::vector<double>> NumberList(const QString& text, int count, QC
 }
 
 bool NeedsGui(const QStringList& arguments) {
-  return !arguments.isEmpty() && (arguments.first() == u"plot" || arguments.first() == u"surface" ||
-                                  arguments.first() == u"typeset" || NeedsWidgets(arguments));
+  return !arguments.isEmpty() && (arguments.first() == u"plot" || arguments.first() == u"points" ||
+                                  arguments.first() == u"surface" || arguments.first() == u"typeset" ||
+                                  NeedsWidgets(arguments));
 }
 
 bool NeedsWidgets(const QStringList& arguments) {
@@ -102,6 +104,7 @@ int Run(const QStringList& arguments, Streams streams) {
   if (command == u"explain") return RunExplain(rest, streams);
   if (command == u"eval") return RunEval(rest, streams);
   if (command == u"plot") return RunPlot(rest, streams);
+  if (command == u"points") return RunPoints(rest, streams);
   if (command == u"derive") return RunDerive(rest, streams);
   if (command == u"surface") return RunSurface(rest, streams);
   if (command == u"typeset") return RunTypeset(rest, streams);
