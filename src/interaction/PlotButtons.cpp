@@ -18,6 +18,7 @@ PlotButtons::PlotButtons(QWidget& parent, plot2d::PlotWidget& plot, plot3d::Plot
   m_reset->hide();
   m_lock = Floating(parent, "btnLock", "object-unlocked", tr("Lock the view: no panning or zooming with the mouse"));
   m_lock->setCheckable(true);
+  m_lock->setProperty("iconName", QStringLiteral("object-unlocked"));
   m_lock->setFocusPolicy(Qt::StrongFocus);
   m_lock->installEventFilter(this);
   m_progress = new QProgressBar(&parent);
@@ -33,6 +34,13 @@ PlotButtons::PlotButtons(QWidget& parent, plot2d::PlotWidget& plot, plot3d::Plot
   connect(m_fullScreen, &QToolButton::clicked, this, &PlotButtons::FullScreenRequested);
   connect(&m_plot, &plot2d::PlotWidget::ViewFinished, this,
           [this](double, double, double, double, short button) { Plot_ViewFinished(button); });
+  connect(&m_plot, &plot2d::PlotWidget::Finished, this, &PlotButtons::RefreshReset);
+  // The icon follows the state by any path, a project read from a file included.
+  connect(m_lock, &QToolButton::toggled, this, [this](bool locked) {
+    const QString icon = locked ? QStringLiteral("object-locked") : QStringLiteral("object-unlocked");
+    m_lock->setIcon(ribbon::IconFor(icon));
+    m_lock->setProperty("iconName", icon);
+  });
   connect(&m_plot3d, &plot3d::Plot3DWidget::Progress, this, &PlotButtons::Plot3D_Progress);
   connect(&m_plot3d, &plot3d::Plot3DWidget::Finished, this, &PlotButtons::Plot3D_Finished);
 }
@@ -71,25 +79,20 @@ void PlotButtons::SetDark(bool dark) {
   }
 }
 
-// A view that the user moved away from the default shows the way back; this never hides it.
-void PlotButtons::Plot_ViewFinished(short button) {
-  const plot2d::Plot& scene = m_plot.Scene();
-  const bool moved = scene.XMin() != scene.DefaultXMin() || scene.XMax() != scene.DefaultXMax() ||
-                     scene.YMin() != scene.DefaultYMin() || scene.YMax() != scene.DefaultYMax();
-  if (moved && button == 1) m_reset->show();
-}
+void PlotButtons::Plot_ViewFinished(short) { RefreshReset(); }
+
+void PlotButtons::RefreshReset() { m_reset->setVisible(!m_plot.isHidden() && !m_plot.Scene().AtDefaultRange()); }
 
 void PlotButtons::btnReset_Click() {
   m_plot.Scene().ResetRange();
-  m_reset->hide();
   // The same drawing in the default range: no replot.
   m_plot.Redraw();
+  RefreshReset();
 }
 
 void PlotButtons::btnLock_Click() {
   // The button has flipped itself; the plot takes the opposite.
   m_plot.Scene().SetInteractive(!m_lock->isChecked());
-  m_lock->setIcon(ribbon::IconFor(m_lock->isChecked() ? QStringLiteral("object-locked") : QStringLiteral("object-unlocked")));
 }
 
 void PlotButtons::Plot3D_Progress(int percent) {

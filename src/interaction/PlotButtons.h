@@ -12,7 +12,7 @@
 namespace interaction {
 
 // The buttons that float over the plot and the plot's events: the lock of the view, back to the
-// default range (shown once the user has moved the view), the range dialog, full screen, and the
+// default range (shown while the view is away from it), the range dialog, full screen, and the
 // progress of a surface being computed.
 class PlotButtons : public QObject {
   Q_OBJECT
@@ -37,6 +37,9 @@ public:
   void Plot3D_Finished();
   void btnLock_Click();
   void btnReset_Click();
+  // The reset button shows exactly while the 2D plot is on the screen away from its default
+  // range, whatever moved it: the mouse, the keyboard, the ribbon, the range dialog, a file.
+  void RefreshReset();
 
   // Where the lock sends the focus it is given (the function list's add button, on page 0).
   std::function<void()> GiveFocusAway;

@@ -9,6 +9,7 @@
 
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <iterator>
 
@@ -115,19 +116,36 @@ PlotStyle Plot::StyleAt(double ratio) const {
   return style;
 }
 
-void Plot::MakeScalesEqual() {
-  const double width = m_size.width(), height = m_size.height();
-  const double xSpan = m_xMax - m_xMin, ySpan = m_yMax - m_yMin;
-  if (width <= 0 || height <= 0 || !std::isfinite(xSpan) || !std::isfinite(ySpan) || xSpan == 0 || ySpan == 0) return;
+namespace {
+
+// xMin, xMax, yMin, yMax widened so that a unit has as many pixels across as up.
+std::array<double, 4> EqualScaled(std::array<double, 4> range, QSize size) {
+  const double width = size.width(), height = size.height();
+  const double xSpan = range[1] - range[0], ySpan = range[3] - range[2];
+  if (width <= 0 || height <= 0 || !std::isfinite(xSpan) || !std::isfinite(ySpan) || xSpan == 0 || ySpan == 0) return range;
   // Units per pixel on each axis; the axis with fewer is widened to the other's.
   const double xUnit = std::abs(xSpan) / width, yUnit = std::abs(ySpan) / height;
   if (xUnit < yUnit) {
-    const double middle = m_xMin + xSpan / 2, half = std::copysign(yUnit * width / 2, xSpan);
-    m_xMin = middle - half, m_xMax = middle + half;
+    const double middle = range[0] + xSpan / 2, half = std::copysign(yUnit * width / 2, xSpan);
+    range[0] = middle - half, range[1] = middle + half;
   } else if (yUnit < xUnit) {
-    const double middle = m_yMin + ySpan / 2, half = std::copysign(xUnit * height / 2, ySpan);
-    m_yMin = middle - half, m_yMax = middle + half;
+    const double middle = range[2] + ySpan / 2, half = std::copysign(xUnit * height / 2, ySpan);
+    range[2] = middle - half, range[3] = middle + half;
   }
+  return range;
+}
+
+}  // namespace
+
+void Plot::MakeScalesEqual() {
+  const auto range = EqualScaled({m_xMin, m_xMax, m_yMin, m_yMax}, m_size);
+  m_xMin = range[0], m_xMax = range[1], m_yMin = range[2], m_yMax = range[3];
+}
+
+bool Plot::AtDefaultRange() const {
+  std::array<double, 4> fallback = {m_defaultXMin, m_defaultXMax, m_defaultYMin, m_defaultYMax};
+  if (m_equalScales) fallback = EqualScaled(fallback, m_size);
+  return std::array<double, 4>{m_xMin, m_xMax, m_yMin, m_yMax} == fallback;
 }
 
 void Plot::Redraw() {

@@ -121,6 +121,8 @@ public:
   void SetEqualScales(bool v) { m_equalScales = v; }
   // Widens the range now, for the current size.
   void MakeScalesEqual();
+  // Whether the range is the default one, as a reset would draw it at the current size.
+  bool AtDefaultRange() const;
 
   // A colour value (red in the low byte) as a colour.
   static QColor ColorOf(double value);

@@ -641,6 +641,7 @@ void frmMain::Form_Resize() {
     m_plot3d->Refresh();
   }
   m_buttons->Place(area(kPlotLeft), area(kPlot3DLeft), W);
+  m_buttons->RefreshReset();
 }
 
 }  // namespace rows

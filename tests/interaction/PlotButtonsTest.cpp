@@ -25,7 +25,8 @@ struct ButtonsFixture {
 
 }  // namespace
 
-TEST(PlotButtons, TheResetButtonAppearsAfterTheUserMovesTheView) {
+// The reset button shows exactly while the view is away from the default range, by any path.
+TEST(PlotButtons, TheResetButtonShowsWhileTheViewIsAwayFromTheDefault) {
   ButtonsFixture f;
   auto& scene = f.plot.Scene();
   EXPECT_TRUE(f.buttons.btnReset()->isHidden());
@@ -33,14 +34,14 @@ TEST(PlotButtons, TheResetButtonAppearsAfterTheUserMovesTheView) {
   EXPECT_TRUE(f.buttons.btnReset()->isHidden());
   scene.SetXMin(-5);
   f.buttons.Plot_ViewFinished(2);
-  EXPECT_TRUE(f.buttons.btnReset()->isHidden());
-  f.buttons.Plot_ViewFinished(1);
-  EXPECT_FALSE(f.buttons.btnReset()->isHidden());
-  // Back at the default the event leaves it as it was: it never hides it.
+  EXPECT_FALSE(f.buttons.btnReset()->isHidden()) << "a right-button gesture moves the view too";
+  // Back at the default, by a gesture or a redraw from anywhere: it goes.
   scene.SetXMin(-10);
   f.buttons.Plot_ViewFinished(1);
-  EXPECT_FALSE(f.buttons.btnReset()->isHidden());
+  EXPECT_TRUE(f.buttons.btnReset()->isHidden());
   scene.SetYMax(3);
+  f.plot.Redraw();  // as the ribbon's pan, the range dialog or a project would
+  EXPECT_FALSE(f.buttons.btnReset()->isHidden());
   QTest::mouseClick(f.buttons.btnReset(), Qt::LeftButton);
   EXPECT_TRUE(f.buttons.btnReset()->isHidden());
   EXPECT_EQ(scene.YMax(), 10);
@@ -49,6 +50,29 @@ TEST(PlotButtons, TheResetButtonAppearsAfterTheUserMovesTheView) {
   QTest::mouseMove(&f.plot, QPoint(300, 250));
   QTest::mouseRelease(&f.plot, Qt::LeftButton, {}, QPoint(300, 250));
   EXPECT_FALSE(f.buttons.btnReset()->isHidden());
+  scene.ResetRange();
+  f.plot.Redraw();
+  EXPECT_TRUE(f.buttons.btnReset()->isHidden());
+  // With equal scales the default range is the one a reset draws, widened.
+  scene.SetEqualScales(true);
+  f.plot.Redraw();
+  EXPECT_NE(scene.XMin(), -10);
+  EXPECT_TRUE(f.buttons.btnReset()->isHidden());
+  // Over a hidden plot (the 3D page) it never shows.
+  scene.SetXMin(-3);
+  f.plot.hide();
+  f.buttons.RefreshReset();
+  EXPECT_TRUE(f.buttons.btnReset()->isHidden());
+}
+
+TEST(PlotButtons, TheLockShowsItsStateWhateverSetIt) {
+  ButtonsFixture f;
+  QToolButton* lock = f.buttons.btnLock();
+  EXPECT_EQ(lock->property("iconName").toString(), "object-unlocked");
+  lock->setChecked(true);  // as a project read from a file does
+  EXPECT_EQ(lock->property("iconName").toString(), "object-locked");
+  lock->setChecked(false);
+  EXPECT_EQ(lock->property("iconName").toString(), "object-unlocked");
 }
 
 TEST(PlotButtons, TheLockStopsTheMouse) {

@@ -57,7 +57,8 @@ TEST(frmMain, TheSavedSettingsReachThePlotBeforeTheFirstReplot) {
   EXPECT_EQ(scene.Thickness(), 3);
   EXPECT_EQ(scene.Quality(), 55);
   EXPECT_EQ(f.settings.reads, (std::vector<QString>{"Settings/Backcolor", "Settings/Axiscolor", "Settings/Thickness",
-                                                    "Settings/Quality"}));
+                                                    "Settings/Quality", "Settings/EqualScales"}));
+  EXPECT_FALSE(scene.EqualScales());
   EXPECT_TRUE(f.settings.writes.empty());
 }
 
