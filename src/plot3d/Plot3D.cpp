@@ -69,6 +69,7 @@ void Plot3D::Refresh() {
   if (m_picture.size() != device) m_picture = QImage(device, QImage::Format_RGB32);
   SurfaceRenderer::Options options;
   options.MeshLines = m_meshLines;
+  options.Scale = m_devicePixelRatio;
   m_picture.setDevicePixelRatio(1);  // the renderer works in the picture's own pixels
   m_renderer.Render(m_mesh, m_ranges, m_camera, m_picture, options);
   m_picture.setDevicePixelRatio(m_devicePixelRatio);

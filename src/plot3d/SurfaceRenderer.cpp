@@ -15,6 +15,9 @@ namespace {
 
 constexpr float kAmbient = 0.35f;
 constexpr float kDiffuse = 0.65f;
+constexpr double kTickSpacing = 45;  // screen pixels at least between two numbers of an axis
+
+double ValidScale(double scale) { return std::isfinite(scale) ? std::clamp(scale, 1.0, 8.0) : 1.0; }
 
 }  // namespace
 
@@ -86,10 +89,10 @@ void SurfaceRenderer::Fill(const ScreenVertex& a, const ScreenVertex& b, const S
   }
 }
 
-void SurfaceRenderer::DrawBox(const SurfaceRanges& box, const Camera& camera, QImage& image) const {
+void SurfaceRenderer::DrawBox(const SurfaceRanges& box, const Camera& camera, QImage& image, double scale) const {
   QPainter painter(&image);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(QColor(90, 90, 90), 1));
+  painter.setPen(QPen(QColor(90, 90, 90), scale));
   const double xs[] = {box.XMin, box.XMax}, ys[] = {box.YMin, box.YMax}, zs[] = {box.ZMin, box.ZMax};
   const auto at = [&](int i, int j, int k) {
     const Camera::Projected p = camera.Project({xs[i], ys[j], zs[k]}, box, image.size());
@@ -102,7 +105,7 @@ void SurfaceRenderer::DrawBox(const SurfaceRanges& box, const Camera& camera, QI
       painter.drawLine(at(i, j, 0), at(i, j, 1));
     }
   }
-  DrawNumbers(painter, box, camera, image.size());
+  DrawNumbers(painter, box, camera, image.size(), scale);
 }
 
 namespace {
@@ -121,7 +124,8 @@ constexpr const char* kNames[] = {"x", "y", "z"};
 // nearest the viewer; for z, of the four upright edges the one farthest left on the picture;
 // numbered at 1-2-5 steps with the axis's name at the end.
 std::vector<SurfaceRenderer::AxisLabel> SurfaceRenderer::AxisLabels(const SurfaceRanges& box, const Camera& camera,
-                                                                     QSize size, const QFont& font) {
+                                                                     QSize size, const QFont& font, double scale) {
+  scale = ValidScale(scale);
   const double lows[] = {box.XMin, box.YMin, box.ZMin}, highs[] = {box.XMax, box.YMax, box.ZMax};
   const Camera::Projected centre = camera.Project(
       {(box.XMin + box.XMax) / 2, (box.YMin + box.YMax) / 2, (box.ZMin + box.ZMax) / 2}, box, size);
@@ -159,7 +163,7 @@ std::vector<SurfaceRenderer::AxisLabel> SurfaceRenderer::AxisLabels(const Surfac
     if (!(range > 0) || !std::isfinite(range)) continue;
     const Camera::Projected from = point(lows[axis], bestA, bestB), to = point(highs[axis], bestA, bestB);
     const double pixels = std::hypot(to.X - from.X, to.Y - from.Y);
-    const double step = render::AxisTicks::StepFor(range, std::max(pixels, 1.0), 45);
+    const double step = render::AxisTicks::StepFor(range, std::max(pixels, 1.0), kTickSpacing * scale);
     for (const double value : render::AxisTicks::Values(lows[axis], highs[axis], step))
       numbers.push_back(place(point(value, bestA, bestB), render::AxisTicks::Label(value, step), false));
     names.push_back(place(point(highs[axis] + range * 0.12, bestA, bestB), QString::fromLatin1(kNames[axis]), true));
@@ -168,7 +172,8 @@ std::vector<SurfaceRenderer::AxisLabel> SurfaceRenderer::AxisLabels(const Surfac
   // view and that leave the labels before them clear. A zoomed box puts edges out of view, and
   // numbers pushed inside would pile up at the border.
   std::vector<AxisLabel> placed;
-  const QRectF inside(2, 2, size.width() - 4, size.height() - 4);
+  const double margin = 2 * scale;
+  const QRectF inside(margin, margin, size.width() - 2 * margin, size.height() - 2 * margin);
   const auto take = [&](Candidate candidate) {
     QRectF& rect = candidate.Label.Rect;
     if (candidate.Label.Name) {
@@ -177,7 +182,7 @@ std::vector<SurfaceRenderer::AxisLabel> SurfaceRenderer::AxisLabels(const Surfac
     } else if (!candidate.InView || !inside.contains(rect)) {
       return;
     }
-    const QRectF clear = rect.adjusted(-2, -1, 2, 1);
+    const QRectF clear = rect.adjusted(-2 * scale, -scale, 2 * scale, scale);
     if (std::any_of(placed.begin(), placed.end(), [&](const AxisLabel& l) { return l.Rect.intersects(clear); })) return;
     placed.push_back(candidate.Label);
   };
@@ -186,11 +191,20 @@ std::vector<SurfaceRenderer::AxisLabel> SurfaceRenderer::AxisLabels(const Surfac
   return placed;
 }
 
-void SurfaceRenderer::DrawNumbers(QPainter& painter, const SurfaceRanges& box, const Camera& camera, QSize size) const {
-  QFont font = painter.font();
-  font.setPixelSize(std::clamp(std::min(size.width(), size.height()) / 40, 8, 14));
+QFont SurfaceRenderer::AxisFont(const QFont& base, QSize size, double scale) {
+  scale = ValidScale(scale);
+  // Worked out on the screen's pixels, then set in the picture's.
+  const double shortSide = std::min(size.width(), size.height()) / scale;
+  QFont font = base;
+  font.setPixelSize(static_cast<int>(std::lround(std::clamp(shortSide / 40, 8.0, 14.0) * scale)));
+  return font;
+}
+
+void SurfaceRenderer::DrawNumbers(QPainter& painter, const SurfaceRanges& box, const Camera& camera, QSize size,
+                                  double scale) const {
+  const QFont font = AxisFont(painter.font(), size, scale);
   painter.setPen(QColor(60, 60, 60));
-  for (const AxisLabel& label : AxisLabels(box, camera, size, font)) {
+  for (const AxisLabel& label : AxisLabels(box, camera, size, font, scale)) {
     QFont face = font;
     face.setBold(label.Name);
     painter.setFont(face);
@@ -248,7 +262,7 @@ void SurfaceRenderer::Render(const Mesh& mesh, const SurfaceRanges& box, const C
     for (const auto& t : mesh.Triangles) Fill(m_vertices[t[0]], m_vertices[t[1]], m_vertices[t[2]], band);
   });
   if (options.MeshLines) DrawMeshLines(mesh, image);
-  if (options.Box) DrawBox(box, camera, image);
+  if (options.Box) DrawBox(box, camera, image, ValidScale(options.Scale));
 }
 
 }  // namespace plot3d

@@ -29,12 +29,20 @@ public:
   };
   // The numbers and names of the box's axes for a picture of size, in font: the names kept
   // inside the picture, the numbers where their point of the edge is in view, none over another.
-  static std::vector<AxisLabel> AxisLabels(const SurfaceRanges& box, const Camera& camera, QSize size, const QFont& font);
+  // scale is the picture's pixels per pixel of the screen: spacing and margins grow with it.
+  static std::vector<AxisLabel> AxisLabels(const SurfaceRanges& box, const Camera& camera, QSize size, const QFont& font,
+                                           double scale = 1);
+  // The face of the axis numbers for a picture of size: a fixed share of the picture, within
+  // bounds, in the picture's pixels.
+  static QFont AxisFont(const QFont& base, QSize size, double scale = 1);
 
   struct Options {
     QColor Background = Qt::white;
     bool MeshLines = false;
     bool Box = true;
+    // The picture's pixels per pixel of the screen (the device pixel ratio): lines, numbers and
+    // their spacing keep their size on the screen, and stay sharp on a dense one.
+    double Scale = 1;
   };
 
   void Render(const Mesh& mesh, const SurfaceRanges& box, const Camera& camera, QImage& image, const Options& options);
@@ -61,8 +69,8 @@ private:
     int last;
   };
   void Fill(const ScreenVertex& a, const ScreenVertex& b, const ScreenVertex& c, const Band& band);
-  void DrawBox(const SurfaceRanges& box, const Camera& camera, QImage& image) const;
-  void DrawNumbers(QPainter& painter, const SurfaceRanges& box, const Camera& camera, QSize size) const;
+  void DrawBox(const SurfaceRanges& box, const Camera& camera, QImage& image, double scale) const;
+  void DrawNumbers(QPainter& painter, const SurfaceRanges& box, const Camera& camera, QSize size, double scale) const;
   void DrawMeshLines(const Mesh& mesh, QImage& image) const;
 
   std::vector<ScreenVertex> m_vertices;  // kept between pictures, as the depths are

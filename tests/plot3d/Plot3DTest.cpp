@@ -148,3 +148,34 @@ TEST(Plot3D, ADenseScreenGetsASharperPictureButSavesAtTheSize) {
   plot.SetDevicePixelRatio(NAN);
   EXPECT_EQ(plot.DevicePixelRatio(), 1);
 }
+
+namespace {
+
+// Pixels of the box's lines and labels: the dark ones.
+int Ink(const QImage& picture) {
+  int ink = 0;
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x) ink += qGray(picture.pixel(x, y)) < 140;
+  }
+  return ink;
+}
+
+}  // namespace
+
+// At twice the density the picture brought back to the screen's size has the box's lines and
+// labels as the plain one does: as large and as dark on the screen, drawn with more pixels.
+TEST(Plot3D, TheBoxAndItsLabelsKeepTheirSizeOnADenseScreen) {
+  Plot3D plot;
+  plot.SetSize(QSize(480, 360));
+  plot.SetEquation(QString());  // an empty box: its lines and labels alone
+  plot.SetFunctionKind(1);
+  plot.Redraw();
+  const int plain = Ink(plot.Picture());
+  ASSERT_GT(plain, 500);
+  plot.SetDevicePixelRatio(2);
+  plot.Refresh();
+  ASSERT_EQ(plot.Picture().size(), QSize(960, 720));
+  const QImage back = plot.Picture().scaled(QSize(480, 360), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  EXPECT_NEAR(Ink(back), plain, 0.25 * plain);
+  if (qEnvironmentVariableIsSet("QUILLOGRAPH_SAVE_PICTURES")) plot.Picture().save("/tmp/surface-dense.png");
+}

@@ -125,3 +125,30 @@ TEST(SurfaceRenderer, AxisLabelsStayInThePictureAndApart) {
     }
   }
 }
+
+// On a dense screen the picture has more pixels, and the numbers and names take as many more:
+// the same labels, at the same places and sizes on the screen, none over another.
+TEST(SurfaceRenderer, AxisLabelsFollowTheScreensDensity) {
+  const plot3d::SurfaceRanges box;
+  const plot3d::Camera camera;
+  const QSize screen(480, 360);
+  const QFont base;
+  const QFont plain = plot3d::SurfaceRenderer::AxisFont(base, screen, 1);
+  const auto flat = plot3d::SurfaceRenderer::AxisLabels(box, camera, screen, plain, 1);
+  ASSERT_GE(flat.size(), 9u);
+  for (const double ratio : {1.5, 2.0, 3.0}) {
+    const QSize picture(static_cast<int>(screen.width() * ratio), static_cast<int>(screen.height() * ratio));
+    const QFont font = plot3d::SurfaceRenderer::AxisFont(base, picture, ratio);
+    EXPECT_EQ(font.pixelSize(), std::lround(plain.pixelSize() * ratio)) << ratio;
+    const auto dense = plot3d::SurfaceRenderer::AxisLabels(box, camera, picture, font, ratio);
+    ASSERT_EQ(dense.size(), flat.size()) << ratio;
+    for (std::size_t i = 0; i < dense.size(); ++i) {
+      EXPECT_EQ(dense[i].Text, flat[i].Text) << ratio;
+      const QPointF onScreen = dense[i].Rect.center() / ratio;
+      EXPECT_NEAR(onScreen.x(), flat[i].Rect.center().x(), 2) << ratio << " " << flat[i].Text.toStdString();
+      EXPECT_NEAR(onScreen.y(), flat[i].Rect.center().y(), 2) << ratio << " " << flat[i].Text.toStdString();
+      EXPECT_NEAR(dense[i].Rect.height() / ratio, flat[i].Rect.height(), 2) << ratio;
+      for (std::size_t j = 0; j < i; ++j) EXPECT_FALSE(dense[i].Rect.intersects(dense[j].Rect)) << ratio;
+    }
+  }
+}
