@@ -27,7 +27,8 @@ double Touch(double perPixel) { return 1e-6 * perPixel; }
 }  // namespace
 
 CurveRefiner::CurveRefiner(const Drawing& drawing, const ViewTransform& view)
-    : m_curves(drawing.Curves), m_view(view), m_scans(drawing.Curves.size()) {}
+    : m_curves(drawing.Curves), m_view(view), m_scans(drawing.Curves.size()),
+      m_coincide(drawing.Curves.size() * drawing.Curves.size(), -1) {}
 
 double CurveRefiner::ReachX() const { return kReachPixels * m_view.XPerPixel(); }
 double CurveRefiner::ReachY() const { return kReachPixels * m_view.YPerPixel(); }
@@ -180,8 +181,8 @@ std::optional<QPointF> CurveRefiner::ParametricCrossing(std::size_t c, std::size
 
 bool CurveRefiner::Coincide(std::size_t c, std::size_t d) {
   const auto key = std::minmax(c, d);
-  const auto known = m_coincide.find(key);
-  if (known != m_coincide.end()) return known->second;
+  std::int8_t& known = m_coincide[key.first * m_curves.size() + key.second];
+  if (known >= 0) return known == 1;
   const Drawing::Curve& first = m_curves[key.first];
   const Drawing::Curve& second = m_curves[key.second];
   // The same to the last bit at a few places spread over the view (or the parameter) is the same
@@ -203,7 +204,7 @@ bool CurveRefiner::Coincide(std::size_t c, std::size_t d) {
       same = false;
     }
   }
-  m_coincide[key] = same;
+  known = same ? 1 : 0;
   return same;
 }
 

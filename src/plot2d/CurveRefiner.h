@@ -7,7 +7,6 @@
 #include <QPointF>
 
 #include <functional>
-#include <map>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -65,7 +64,7 @@ private:
   const std::vector<Drawing::Curve>& m_curves;
   const ViewTransform& m_view;
   std::vector<std::unique_ptr<ParameterRefiner>> m_scans;
-  std::map<std::pair<std::size_t, std::size_t>, bool> m_coincide;
+  std::vector<std::int8_t> m_coincide;  // by pair of curves: -1 not yet known, else 0 or 1
 };
 
 }  // namespace plot2d

@@ -1,7 +1,7 @@
 #include "NotablePoints.h"
 
 #include "CurveRefiner.h"
-#include "SegmentColumns.h"
+#include "IntersectionGrid.h"
 
 #include "core/NumberText.h"
 
@@ -118,43 +118,17 @@ void Touchings(CurveRefiner& refiner, std::size_t index, std::size_t from, std::
   }
 }
 
-// The segments of the drawing's curves in view, filed by column; all but skip's.
-std::unique_ptr<SegmentColumns> FileSegments(const std::vector<Drawing::Curve>& curves, const ViewTransform& view,
-                                             std::optional<std::size_t> skip) {
-  auto columns = std::make_unique<SegmentColumns>(view);
+// The segments of the drawing's curves in view, filed by cell; all but skip's.
+std::unique_ptr<IntersectionGrid> FileSegments(const std::vector<Drawing::Curve>& curves, const ViewTransform& view,
+                                               std::optional<std::size_t> skip) {
+  auto grid = std::make_unique<IntersectionGrid>(view);
   for (std::size_t c = 0; c < curves.size(); ++c) {
     if (c == skip) continue;
     for (const QPolygonF& q : curves[c].Pieces) {
-      for (qsizetype j = 1; j < q.size(); ++j) {
-        if (std::max(q[j - 1].x(), q[j].x()) < view.XMin() || std::min(q[j - 1].x(), q[j].x()) > view.XMax()) continue;
-        columns->File({q[j - 1], q[j], c});
-      }
+      for (qsizetype j = 1; j < q.size(); ++j) grid->File({q[j - 1], q[j], c});
     }
   }
-  return columns;
-}
-
-// The crossings of curve index with the curves from from on.
-void Intersections(CurveRefiner& refiner, const SegmentColumns& columns, std::size_t index, std::size_t from,
-                   std::vector<NotablePoint>& out) {
-  const auto& curves = refiner.Curves();
-  for (const QPolygonF& p : curves[index].Pieces) {
-    for (qsizetype i = 1; i < p.size(); ++i) {
-      const QPointF a1 = p[i - 1], a2 = p[i];
-      columns.Near(a1, a2, [&](const Segment& s) {
-        if (s.Curve == index || s.Curve < from || !Overlap(a1, a2, s.A, s.B) || refiner.Coincide(index, s.Curve)) return;
-        // In the order of the curves, so that the point is the same to the last bit whichever
-        // of the two the pointer is on.
-        const bool first = index < s.Curve;
-        const QPointF b1 = first ? a1 : s.A, b2 = first ? a2 : s.B, c1 = first ? s.A : a1, c2 = first ? s.B : a2;
-        if (const auto at = Crossing(b1, b2, c1, c2)) {
-          const QPointF refined = refiner.Crossing(std::min(index, s.Curve), std::max(index, s.Curve), b1, b2, c1, c2, *at);
-          const bool corner = EdgesOfOneRegion(curves, index, s.Curve);
-          out.push_back({refined, corner ? NotablePoint::Kind::Corner : NotablePoint::Kind::Intersection});
-        }
-      });
-    }
-  }
+  return grid;
 }
 
 // The points kept so far, filed by kind and the pixel they lie in, so that a new point is
@@ -166,62 +140,97 @@ std::uint64_t FileKey(NotablePoint::Kind kind, std::int64_t column, std::int64_t
   return (std::uint64_t(kind) << 48) | (std::uint64_t(column + 1) << 24) | std::uint64_t(row + 1);
 }
 
-// Adds to kept the points of found in view that are not within a pixel of one of their kind
-// already kept.
-void Keep(const std::vector<NotablePoint>& found, const ViewTransform& view, std::vector<NotablePoint>& kept, Filed& filed) {
-  for (const NotablePoint& p : found) {
-    if (!InView(p.At, view) || !std::isfinite(p.At.x()) || !std::isfinite(p.At.y())) continue;
-    const double px = view.ToPixelX(p.At.x()), py = view.ToPixelY(p.At.y());
-    const auto column = static_cast<std::int64_t>(std::floor(px)), row = static_cast<std::int64_t>(std::floor(py));
-    bool near = false;
-    for (std::int64_t c = column - 1; c <= column + 1 && !near; ++c) {
-      for (std::int64_t r = row - 1; r <= row + 1 && !near; ++r) {
-        const auto cell = filed.find(FileKey(p.What, c, r));
-        if (cell == filed.end()) continue;
-        near = std::any_of(cell->second.begin(), cell->second.end(), [&](std::size_t k) {
-          return std::abs(view.ToPixelX(kept[k].At.x()) - px) < 1 && std::abs(view.ToPixelY(kept[k].At.y()) - py) < 1;
-        });
-      }
+// The points kept so far: each in view, and none within a pixel of another of its kind.
+struct Kept {
+  const ViewTransform& View;
+  std::vector<NotablePoint> Points;
+  Filed Cells;
+};
+
+bool NearKept(const Kept& kept, const NotablePoint& p) {
+  const double px = kept.View.ToPixelX(p.At.x()), py = kept.View.ToPixelY(p.At.y());
+  const auto column = static_cast<std::int64_t>(std::floor(px)), row = static_cast<std::int64_t>(std::floor(py));
+  for (std::int64_t c = column - 1; c <= column + 1; ++c) {
+    for (std::int64_t r = row - 1; r <= row + 1; ++r) {
+      const auto cell = kept.Cells.find(FileKey(p.What, c, r));
+      if (cell == kept.Cells.end()) continue;
+      const bool near = std::any_of(cell->second.begin(), cell->second.end(), [&](std::size_t k) {
+        const QPointF at = kept.Points[k].At;
+        return std::abs(kept.View.ToPixelX(at.x()) - px) < 1 && std::abs(kept.View.ToPixelY(at.y()) - py) < 1;
+      });
+      if (near) return true;
     }
-    if (near) continue;
-    filed[FileKey(p.What, column, row)].push_back(kept.size());
-    kept.push_back(p);
+  }
+  return false;
+}
+
+// Keeps p if it is in view and not within a pixel of one of its kind already kept.
+void Keep(Kept& kept, const NotablePoint& p) {
+  if (!InView(p.At, kept.View) || !std::isfinite(p.At.x()) || !std::isfinite(p.At.y()) || NearKept(kept, p)) return;
+  const auto column = static_cast<std::int64_t>(std::floor(kept.View.ToPixelX(p.At.x())));
+  const auto row = static_cast<std::int64_t>(std::floor(kept.View.ToPixelY(p.At.y())));
+  kept.Cells[FileKey(p.What, column, row)].push_back(kept.Points.size());
+  kept.Points.push_back(p);
+}
+
+void Keep(Kept& kept, const std::vector<NotablePoint>& found) {
+  for (const NotablePoint& p : found) Keep(kept, p);
+}
+
+// The crossings of curve index with the curves from from on. Where several pairs of curves meet
+// at one point (lines through a common point), the point is made exact once.
+void Intersections(CurveRefiner& refiner, const IntersectionGrid& grid, std::size_t index, std::size_t from, Kept& out) {
+  const auto& curves = refiner.Curves();
+  for (const QPolygonF& p : curves[index].Pieces) {
+    for (qsizetype i = 1; i < p.size(); ++i) {
+      const QPointF a1 = p[i - 1], a2 = p[i];
+      grid.Near(a1, a2, [&](const IntersectionGrid::Segment& s) {
+        if (s.Curve == index || s.Curve < from || !Overlap(a1, a2, s.A, s.B) || refiner.Coincide(index, s.Curve)) return;
+        // In the order of the curves, so that the point is the same to the last bit whichever
+        // of the two the pointer is on.
+        const bool first = index < s.Curve;
+        const QPointF b1 = first ? a1 : s.A, b2 = first ? a2 : s.B, c1 = first ? s.A : a1, c2 = first ? s.B : a2;
+        const auto at = Crossing(b1, b2, c1, c2);
+        if (!at) return;
+        const auto kind = EdgesOfOneRegion(curves, index, s.Curve) ? NotablePoint::Kind::Corner : NotablePoint::Kind::Intersection;
+        if (!InView(*at, out.View) || NearKept(out, {*at, kind})) return;
+        Keep(out, {refiner.Crossing(std::min(index, s.Curve), std::max(index, s.Curve), b1, b2, c1, c2, *at), kind});
+      });
+    }
   }
 }
 
 // The points of one curve; its meetings with the curves from from on (the earlier ones' have
 // been found from them, the same to the last bit).
-std::vector<NotablePoint> Search(CurveRefiner& refiner, const SegmentColumns& columns, std::size_t curve, std::size_t from) {
+void Search(CurveRefiner& refiner, const IntersectionGrid& grid, std::size_t curve, std::size_t from, Kept& kept) {
   std::vector<NotablePoint> found;
   Roots(refiner, curve, found);
   Extrema(refiner, curve, found);
   YIntercepts(refiner, curve, found);
-  if (refiner.View().XMax() > refiner.View().XMin()) Intersections(refiner, columns, curve, from, found);
+  Keep(kept, found);
+  if (refiner.View().XMax() > refiner.View().XMin()) Intersections(refiner, grid, curve, from, kept);
+  found.clear();
   Touchings(refiner, curve, from, found);
-  return found;
+  Keep(kept, found);
 }
 
 }  // namespace
 
 std::vector<NotablePoint> FindNotablePoints(const Drawing& drawing, std::size_t curve, const ViewTransform& view) {
-  std::vector<NotablePoint> kept;
-  if (curve >= drawing.Curves.size()) return kept;
+  if (curve >= drawing.Curves.size()) return {};
   CurveRefiner refiner(drawing, view);
-  const auto columns = FileSegments(drawing.Curves, view, curve);
-  Filed filed;
-  Keep(Search(refiner, *columns, curve, 0), view, kept, filed);
-  return kept;
+  const auto grid = FileSegments(drawing.Curves, view, curve);
+  Kept found{view, {}, {}};
+  Search(refiner, *grid, curve, 0, found);
+  return std::move(found.Points);
 }
 
 std::vector<NotablePoint> FindAllNotablePoints(const Drawing& drawing, const ViewTransform& view) {
-  std::vector<NotablePoint> kept;
   CurveRefiner refiner(drawing, view);
-  const auto columns = FileSegments(drawing.Curves, view, std::nullopt);
-  Filed filed;
-  for (std::size_t curve = 0; curve < drawing.Curves.size(); ++curve) {
-    Keep(Search(refiner, *columns, curve, curve + 1), view, kept, filed);
-  }
-  return kept;
+  const auto grid = FileSegments(drawing.Curves, view, std::nullopt);
+  Kept found{view, {}, {}};
+  for (std::size_t curve = 0; curve < drawing.Curves.size(); ++curve) Search(refiner, *grid, curve, curve + 1, found);
+  return std::move(found.Points);
 }
 
 QString KindName(NotablePoint::Kind kind) {

@@ -10,9 +10,9 @@ namespace plot2d {
 
 namespace {
 
-// Enough samples that neighbouring ones lie within a pixel or so of each other on a curve that
-// fills the view; the lookup refines between them.
-constexpr int kSamples = 4096;
+// Enough samples that neighbouring ones lie a few pixels apart on a curve that fills the view;
+// the lookup refines between them where that is not near enough.
+constexpr int kSamples = 1024;
 
 }  // namespace
 
@@ -84,12 +84,14 @@ std::optional<double> ParameterRefiner::Nearest(QPointF at, double reach) const 
   if (m_points.empty()) return std::nullopt;
   const auto sample = NearestSample(at);
   if (!sample) return std::nullopt;
-  // Between the neighbours of the nearest sample, the nearest point of the curve itself.
+  const double centre = m_curve.From + static_cast<double>(*sample) * m_step;
+  // A sample within a pixel is near enough: what asks refines within a step of it anyway.
+  if (PixelDistance2(m_points[*sample], at) <= 1) return centre;
+  // Else between the neighbours of the nearest sample, the nearest point of the curve itself.
   const refine::Function distance = [&](double t) {
     const double d = PixelDistance2(m_curve.PointAt(t), at);
     return std::isnan(d) ? std::numeric_limits<double>::infinity() : d;
   };
-  const double centre = m_curve.From + static_cast<double>(*sample) * m_step;
   const double t = refine::Lowest(distance, centre - m_step, centre + m_step);
   if (!(distance(t) <= reach * reach)) return std::nullopt;
   return t;
