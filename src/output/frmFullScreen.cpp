@@ -34,8 +34,14 @@ frmFullScreen::frmFullScreen(const plot2d::Plot& mainPlot, bool on3DTab, Replot 
   m_close->setToolTip(QStringLiteral("Exit Full Screen."));
   connect(m_close, &QToolButton::clicked, this, &frmFullScreen::Unload);
 
-  // The display settings, but not the transparent background and not the range.
+  // The display settings and the view, but not the transparent background: full screen shows
+  // what the main plot shows, larger.
   plot2d::Plot& scene = m_plot->Scene();
+  scene.SetDefaultRange(mainPlot.DefaultXMin(), mainPlot.DefaultXMax(), mainPlot.DefaultYMin(), mainPlot.DefaultYMax());
+  scene.SetXMin(mainPlot.XMin()), scene.SetXMax(mainPlot.XMax());
+  scene.SetYMin(mainPlot.YMin()), scene.SetYMax(mainPlot.YMax());
+  scene.SetEqualScales(mainPlot.EqualScales());
+  scene.SetZoomType(mainPlot.ZoomType());
   scene.SetQuality(mainPlot.Quality());
   scene.SetThickness(mainPlot.Thickness());
   scene.SetBackColor(mainPlot.BackColor());
@@ -55,6 +61,14 @@ frmFullScreen::frmFullScreen(const plot2d::Plot& mainPlot, bool on3DTab, Replot 
   });
   connect(m_plot, &plot2d::PlotWidget::Finished, m_progress, &QProgressBar::hide);
   connect(m_plot3d, &plot3d::Plot3DWidget::Progress, m_progress, &QProgressBar::setValue);
+}
+
+void frmFullScreen::CopyView3D(const plot3d::Plot3D& main3D) {
+  plot3d::Plot3D& scene = m_plot3d->Scene();
+  scene.SetXMin(main3D.XMin()), scene.SetXMax(main3D.XMax());
+  scene.SetYMin(main3D.YMin()), scene.SetYMax(main3D.YMax());
+  scene.SetZMin(main3D.ZMin()), scene.SetZMax(main3D.ZMax());
+  scene.View() = main3D.View();
 }
 
 void frmFullScreen::Form_Activate() {

@@ -31,6 +31,8 @@ public:
   QProgressBar* PB() const { return m_progress; }
   QToolButton* btnClose() const { return m_close; }
 
+  // The surface's box and the way it is seen, as the main 3D plot has them.
+  void CopyView3D(const plot3d::Plot3D& main3D);
   void Form_Activate();
 
 protected:

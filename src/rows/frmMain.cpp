@@ -597,6 +597,7 @@ void frmMain::ShowFullScreen() {
   m_fullScreen = new output::frmFullScreen(
       m_plot->Scene(), m_tabs->currentIndex() == 3,
       [this](plotcompiler::PlotControl& plot, plotcompiler::Plot3DControl* plot3d) { ReplotInto(plot, plot3d); });
+  m_fullScreen->CopyView3D(m_plot3d->Scene());
   if (const QScreen* screen = this->screen()) m_fullScreen->setGeometry(screen->geometry());
   m_fullScreen->showFullScreen();
   m_fullScreen->activateWindow();

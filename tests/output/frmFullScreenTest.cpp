@@ -9,7 +9,8 @@
 
 using output::frmFullScreen;
 
-TEST(frmFullScreen, CopiesTheDisplaySettingsButNotTheBackgroundOrTheRange) {
+// It shows what the main plot shows, larger: its settings and its view, not its transparency.
+TEST(frmFullScreen, CopiesTheDisplaySettingsAndTheViewButNotTheBackground) {
   plot2d::Plot main;
   main.SetQuality(55), main.SetThickness(4), main.SetBackColor(65535), main.SetAxisColor(255);
   main.SetShowAxis(false), main.SetShowGrid(false), main.SetShowNumbers(false), main.SetShowOuterFrame(true);
@@ -27,7 +28,10 @@ TEST(frmFullScreen, CopiesTheDisplaySettingsButNotTheBackgroundOrTheRange) {
   EXPECT_TRUE(own.ShowOuterFrame());
   EXPECT_FALSE(own.ShowTips());
   EXPECT_FALSE(own.TransparentBackground());
-  EXPECT_EQ(own.XMin(), -10);
+  EXPECT_EQ(own.XMin(), -1);
+  EXPECT_EQ(own.XMax(), 1);
+  EXPECT_EQ(own.YMin(), -10);
+  EXPECT_EQ(own.DefaultXMin(), -10);
   EXPECT_EQ(form.btnClose()->toolTip(), "Exit Full Screen.");
 }
 
@@ -91,4 +95,17 @@ TEST(frmFullScreen, LeavingTheCloseButtonAndEscapeEndIt) {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(form.isNull());
   }
+}
+
+TEST(frmFullScreen, CopiesTheSurfacesBoxAndView) {
+  plot2d::Plot main;
+  plot3d::Plot3D main3D;
+  main3D.SetXMin(-3), main3D.SetZMax(7);
+  main3D.SetZoom(2);
+  frmFullScreen form(main, true, nullptr);
+  form.CopyView3D(main3D);
+  const plot3d::Plot3D& own = form.Plot3D().Scene();
+  EXPECT_EQ(own.XMin(), -3);
+  EXPECT_EQ(own.ZMax(), 7);
+  EXPECT_EQ(own.Zoom(), 2);
 }
