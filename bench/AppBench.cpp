@@ -2,7 +2,7 @@
 // quality 90, split into our part (two compilations a row, the passes, the points) and the
 // drawing; one keystroke in the insert dialog's linear style for a 60-character row; the main
 // window from its construction to its first painted frame; switching between the 2D and the 3D
-// page; a step of the quality slider; loading and saving a project of 109 rows with notes.
+// page; a change of the surface's text, drawn by itself; a step of the quality slider; loading and saving a project of 109 rows with notes.
 #include "../tests/plotcompiler/ReplotSupport.h"
 
 #include "core/Tag.h"
@@ -181,7 +181,34 @@ void BM_SwitchTo2D(benchmark::State& state) {
 }
 BENCHMARK(BM_SwitchTo2D)->Unit(benchmark::kMillisecond)->UseRealTime();
 
-// A step of the quality slider: it changes the setting for the next replot and nothing else.
+// A change of the surface's text on the 3D page, with a 100x100 surface drawn: from the change
+// to the new surface on the screen, with no Replot click (the form draws once the change's events
+// are done).
+void BM_SurfaceEditorChange(benchmark::State& state) {
+  MemorySettings settings;
+  RecordingBoxes boxes;
+  ScriptedColors colors;
+  ScriptedFiles files;
+  RecordingDesktop desktop;
+  core::SharedState shared = InitialisedState();
+  rows::frmMain form(shared, rows::MainServices{settings, boxes, colors, files, desktop});
+  form.show();
+  mathx::MthX* editor = form.Tabs().Surface().Editor(1);
+  editor->SetText(QStringLiteral("z=sin(x)*cos(y)"));
+  QSignalSpy first(&form.Plot3D(), &plot3d::Plot3DWidget::Finished);
+  form.Tabs().setCurrentIndex(3);
+  first.wait(5000);
+  int step = 0;
+  for (auto _ : state) {
+    QSignalSpy finished(&form.Plot3D(), &plot3d::Plot3DWidget::Finished);
+    editor->SetText((++step % 2) ? QStringLiteral("z=sin(x)*sin(y)") : QStringLiteral("z=sin(x)*cos(y)"));
+    if (!finished.wait(5000)) state.SkipWithError("the surface was not drawn by itself");
+    benchmark::DoNotOptimize(form.Plot3D().grab().cacheKey());
+  }
+}
+BENCHMARK(BM_SurfaceEditorChange)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// A step of the quality slider itself; the redraw it asks for follows once its events are done.
 void BM_QualitySliderStep(benchmark::State& state) {
   MemorySettings settings;
   RecordingBoxes boxes;
