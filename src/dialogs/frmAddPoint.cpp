@@ -88,6 +88,14 @@ private:
   bool m_was;
 };
 
+// A value the program writes shows its start, sign and integer part, rather than its tail: a
+// field scrolls to where its cursor is, and setText leaves the cursor at the end. A field being
+// typed into keeps its cursor where the typing goes on, unless the whole value came at once.
+void WriteShowingStart(QLineEdit* field, const QString& text, bool whole = false) {
+  field->setText(text);
+  if (whole || !field->hasFocus()) field->setCursorPosition(0);
+}
+
 }  // namespace
 
 frmAddPoint::frmAddPoint(const QString& tag, RowTarget& target, core::SharedState& state,
@@ -367,8 +375,8 @@ void frmAddPoint::AddNewPoint() {
 void frmAddPoint::SetLine(int line, const QString& first, const QString& second) {
   if (line < 0 || line >= PointCount()) return;
   const QuietFields quiet(m_quiet);
-  m_lines[std::size_t(line)].X->setText(first);
-  m_lines[std::size_t(line)].Y->setText(second);
+  WriteShowingStart(m_lines[std::size_t(line)].X, first);
+  WriteShowingStart(m_lines[std::size_t(line)].Y, second);
 }
 
 bool frmAddPoint::Filled(int line) const {
@@ -575,10 +583,10 @@ void frmAddPoint::PasteTable(int line, int column, const QString& text) {
       }
       const Line& l = m_lines[std::size_t(at)];
       if (cells.size() >= 2) {
-        l.X->setText(cells[0]);
-        l.Y->setText(cells[1]);
+        WriteShowingStart(l.X, cells[0], true);
+        WriteShowingStart(l.Y, cells[1], true);
       } else {
-        (column == 0 ? l.X : l.Y)->setText(cells.value(0));
+        WriteShowingStart(column == 0 ? l.X : l.Y, cells.value(0), true);
       }
       ++at;
     }
@@ -608,7 +616,9 @@ void frmAddPoint::FocusField(int line, int column) {
   if (line < 0 || line >= PointCount()) return;
   QLineEdit* field = column == 0 ? m_lines[std::size_t(line)].X : m_lines[std::size_t(line)].Y;
   field->setFocus();
-  field->selectAll();
+  // All of it selected, to be typed over, with the cursor at its start so that the start shows.
+  const int length = static_cast<int>(field->text().size());
+  field->setSelection(length, -length);
   m_rszPoints->ensureWidgetVisible(field, 0, Px(kLineGap));
 }
 

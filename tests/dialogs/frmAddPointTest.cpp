@@ -526,6 +526,8 @@ TEST(frmAddPoint, ItGrowsOpenStepByStepAndCanBeTypedIntoMeanwhile) {
   EXPECT_LE(d.width() - before.width(), core::Px(100));
   EXPECT_LE(d.height() - before.height(), core::Px(170));
   EXPECT_GT(d.width(), before.width());
+  // Its values show their start; typing on goes after End.
+  QTest::keyClick(d.txtPoint_Y(0), Qt::Key_End);
   TypeKeys(d.txtPoint_Y(0), "5");
   EXPECT_EQ(f.Y(0), "25");
   for (int i = 0; i < 200; ++i) d.tmrResize_Timer();
@@ -731,4 +733,36 @@ TEST(frmAddPoint, KeptPointsWaitWhenTheListIsFull) {
   f.rows.maxRows = 2;
   QTest::mouseClick(d.btnOK(), Qt::LeftButton);
   EXPECT_EQ(f.rows.texts.value(1), "[x,y;1,3]");
+}
+
+// A long number the table is given shows its start, sign and integer part, not its tail: the
+// field's cursor stands at its first character, whichever way the value came in. The lines the
+// paste does not end in are checked; the one it ends in takes the focus for typing.
+TEST(frmAddPoint, LongNumbersShowTheirStart) {
+  const QString x = QStringLiteral("-123456789012345678901234567890.125");
+  const QString y = QStringLiteral("98765432109876543210987654321.5");
+  const struct {
+    const char* how;
+    std::function<void(TableFixture&, frmAddPoint&)> give;
+  } cases[] = {
+      {"opened from the row", [&](TableFixture&, frmAddPoint&) {}},
+      {"pasted",
+       [&](TableFixture& f, frmAddPoint& d) {
+         f.clipboard = x + u'\t' + y + QStringLiteral("\n1\t2\n");
+         d.txtPoint_X(0)->setFocus();
+         QTest::keySequence(d.txtPoint_X(0), QKeySequence::Paste);
+       }},
+  };
+  for (const auto& c : cases) {
+    TableFixture f;
+    frmAddPoint& d = f.Open(c.how == std::string("pasted") ? QString() : QStringLiteral("[x,y;%1,%2]").arg(x, y));
+    c.give(f, d);
+    ASSERT_EQ(f.X(0), x) << c.how;
+    ASSERT_EQ(f.Y(0), y) << c.how;
+    for (QLineEdit* field : {d.txtPoint_X(0), d.txtPoint_Y(0)}) {
+      // Too long for the field: which end shows matters.
+      ASSERT_GT(field->fontMetrics().horizontalAdvance(field->text()), field->width()) << c.how;
+      EXPECT_EQ(field->cursorPosition(), 0) << c.how;
+    }
+  }
 }
