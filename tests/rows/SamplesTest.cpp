@@ -6,7 +6,9 @@
 #include "plot2d/PlotWidget.h"
 #include "plot3d/Plot3D.h"
 #include "plot3d/Plot3DWidget.h"
+#include "mathx/MthX.h"
 #include "rows/FileCommands.h"
+#include "rows/FunctionList.h"
 #include "rows/frmMain.h"
 
 #include <gtest/gtest.h>
@@ -16,6 +18,7 @@
 #include "QtPrinters.h"
 #include "StateSupport.h"
 
+#include <QFile>
 #include <QTabWidget>
 #include <QTemporaryDir>
 
@@ -82,15 +85,24 @@ TEST(Samples, ASampleLoadsOverADirtyProjectWithoutAQuestion) {
   EXPECT_EQ(w->windowTitle(), "Quillograph");
 }
 
+// A sample has no file of its own: Save, fired as the ribbon fires it, asks for a name and
+// writes the sample there.
 TEST(Samples, AfterASampleSaveAsksForAName) {
   QTemporaryDir dir;
   Window w;
   w->Samples().btnSample_Click(3);
+  const QString sampleText = w->Functions().Row(0).mthFunction->Text();
   w.files.names = {dir.filePath("mine.qlp")};
-  w->SaveThisFile();
+  w.Run(57603);
   ASSERT_EQ(w.files.shown.size(), 1u);
   EXPECT_TRUE(w.files.shown[0].Save);
+  EXPECT_TRUE(w.boxes.boxes.empty());
   EXPECT_EQ(w.state.ProjectPath, dir.filePath("mine.qlp"));
+  EXPECT_FALSE(w.state.ProjectChanged);
+  QFile saved(dir.filePath("mine.qlp"));
+  ASSERT_TRUE(saved.open(QIODevice::ReadOnly));
+  EXPECT_TRUE(QString::fromUtf8(saved.readAll()).contains(sampleText)) << sampleText.toStdString();
+  EXPECT_EQ(w->windowTitle(), "Quillograph - mine.qlp");
 }
 
 }  // namespace
