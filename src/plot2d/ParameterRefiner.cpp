@@ -12,7 +12,7 @@ namespace {
 
 // Enough samples that neighbouring ones lie a few pixels apart on a curve that fills the view;
 // the lookup refines between them where that is not near enough.
-constexpr int kSamples = 1024;
+constexpr int kSamples = 512;
 
 }  // namespace
 
