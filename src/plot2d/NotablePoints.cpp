@@ -131,12 +131,12 @@ std::unique_ptr<IntersectionGrid> FileSegments(const std::vector<Drawing::Curve>
   return grid;
 }
 
-// The points kept so far, filed by kind and the pixel they lie in, so that a new point is
-// compared with those in the pixels about it alone.
+// The points kept so far, filed by kind and the square of two pixels they lie in, so that a new
+// point is compared with those in the squares about it alone.
 using Filed = std::unordered_map<std::uint64_t, std::vector<std::size_t>>;
 
 std::uint64_t FileKey(NotablePoint::Kind kind, std::int64_t column, std::int64_t row) {
-  // A picture is at most 20000 pixels a side: 24 bits each, with room for the pixels beside it.
+  // A picture is at most 20000 pixels a side: 24 bits each, with room for the squares beside it.
   return (std::uint64_t(kind) << 48) | (std::uint64_t(column + 1) << 24) | std::uint64_t(row + 1);
 }
 
@@ -149,9 +149,12 @@ struct Kept {
 
 bool NearKept(const Kept& kept, const NotablePoint& p) {
   const double px = kept.View.ToPixelX(p.At.x()), py = kept.View.ToPixelY(p.At.y());
-  const auto column = static_cast<std::int64_t>(std::floor(px)), row = static_cast<std::int64_t>(std::floor(py));
-  for (std::int64_t c = column - 1; c <= column + 1; ++c) {
-    for (std::int64_t r = row - 1; r <= row + 1; ++r) {
+  const auto column = static_cast<std::int64_t>(std::floor(px / 2)), row = static_cast<std::int64_t>(std::floor(py / 2));
+  // A point less than a pixel away lies in this square or in the one beside it on the nearer side.
+  const std::int64_t otherColumn = px - 2 * column < 1 ? column - 1 : column + 1;
+  const std::int64_t otherRow = py - 2 * row < 1 ? row - 1 : row + 1;
+  for (const std::int64_t c : {column, otherColumn}) {
+    for (const std::int64_t r : {row, otherRow}) {
       const auto cell = kept.Cells.find(FileKey(p.What, c, r));
       if (cell == kept.Cells.end()) continue;
       const bool near = std::any_of(cell->second.begin(), cell->second.end(), [&](std::size_t k) {
@@ -167,8 +170,8 @@ bool NearKept(const Kept& kept, const NotablePoint& p) {
 // Keeps p if it is in view and not within a pixel of one of its kind already kept.
 void Keep(Kept& kept, const NotablePoint& p) {
   if (!InView(p.At, kept.View) || !std::isfinite(p.At.x()) || !std::isfinite(p.At.y()) || NearKept(kept, p)) return;
-  const auto column = static_cast<std::int64_t>(std::floor(kept.View.ToPixelX(p.At.x())));
-  const auto row = static_cast<std::int64_t>(std::floor(kept.View.ToPixelY(p.At.y())));
+  const auto column = static_cast<std::int64_t>(std::floor(kept.View.ToPixelX(p.At.x()) / 2));
+  const auto row = static_cast<std::int64_t>(std::floor(kept.View.ToPixelY(p.At.y()) / 2));
   kept.Cells[FileKey(p.What, column, row)].push_back(kept.Points.size());
   kept.Points.push_back(p);
 }
