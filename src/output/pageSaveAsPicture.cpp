@@ -373,6 +373,8 @@ void pageSaveAsPicture::StartUp() {
   preview.SetXMin(main.XMin());
   preview.SetYMax(main.YMax());
   preview.SetYMin(main.YMin());
+  // A circle that is round on the screen is round in the picture, whatever its proportions.
+  preview.SetEqualScales(main.EqualScales());
   // The picture has the plot's colours as the window shows them.
   preview.SetAxisColor(main.AxisColor());
   preview.SetBackColor(main.BackColor());

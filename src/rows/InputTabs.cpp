@@ -108,7 +108,8 @@ void InputTabs::GuardRangeFields() {
 }
 
 bool InputTabs::FieldsReadable() const {
-  return std::all_of(m_guards.begin(), m_guards.end(), [](const FieldGuard* guard) { return guard->Valid(); });
+  return SurfacePage::ZoomValid(m_surface->txt3DZoom()->text()) &&
+         std::all_of(m_guards.begin(), m_guards.end(), [](const FieldGuard* guard) { return guard->Valid(); });
 }
 
 void InputTabs::Refresh_mth_Backcolor() {

@@ -550,3 +550,14 @@ TEST(pageSaveAsPicture, ReplotRedrawsThePreviewOnly) {
 }
 
 // ---- Saving ----------------------------------------------------------------------------------
+
+// A circle that is round on the screen is round in the picture, whatever its proportions.
+TEST(pageSaveAsPicture, ThePreviewKeepsEqualScales) {
+  Page p;
+  p.main.Scene().SetEqualScales(true);
+  p.page->StartUp();
+  EXPECT_TRUE(p.Preview().EqualScales());
+  const plot2d::Plot& preview = p.Preview();
+  EXPECT_NEAR((preview.XMax() - preview.XMin()) / preview.Size().width(),
+              (preview.YMax() - preview.YMin()) / preview.Size().height(), 1e-9);
+}

@@ -271,4 +271,19 @@ TEST(Redrawing, TheRibbonShowsAnOpenedProjectsColoursAndChecks) {
   EXPECT_EQ(b->CommandBars().FindControl(1042)->Color(), 15790320);
 }
 
+// A zoom out of its bounds is not drawn; one within them is, with no Apply click.
+TEST(Redrawing, TheSurfacesZoomDrawsOnlyWithinItsBounds) {
+  Window w;
+  w.Tabs().setCurrentIndex(3);
+  w->Replot(true);
+  QSignalSpy replotted(w.form.get(), &rows::frmMain::Replotted);
+  QLineEdit* zoom = w.Tabs().Surface().txt3DZoom();
+  Window::Type(zoom, "9");
+  QTest::qWait(3 * rows::AutoReplot::kTypingPauseMs);
+  EXPECT_EQ(replotted.count(), 0);
+  Window::Type(zoom, "2");
+  EXPECT_TRUE(WaitUntil([&] { return replotted.count() == 1; }));
+  EXPECT_EQ(w->Plot3D().Scene().Zoom(), 2);
+}
+
 }  // namespace
