@@ -26,6 +26,10 @@ public:
 
   void File(const Segment& segment);
 
+  // Whether a filed segment of the curve passes the cell of at or one beside it: whether the
+  // curve comes near at, to within a cell.
+  bool Passes(std::size_t curve, QPointF at) const;
+
   // Each filed segment that shares a cell with the one from a to b, once.
   template <typename Visit>
   void Near(QPointF a, QPointF b, Visit visit) const {
@@ -49,6 +53,7 @@ private:
   double m_xMin, m_yMin, m_cellWidth, m_cellHeight;
   std::vector<Segment> m_segments;
   std::vector<std::vector<std::uint32_t>> m_cells;
+  std::vector<std::vector<bool>> m_passed;  // by curve, by cell: a segment of the curve passes it
   mutable std::vector<std::uint32_t> m_seen;  // the serial of the last search that visited each
   mutable std::uint32_t m_serial = 0;
 };

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <unordered_map>
@@ -92,8 +93,9 @@ void YIntercepts(CurveRefiner& refiner, std::size_t curve, std::vector<NotablePo
 
 // Where two curves y = f(x) touch without crossing, their difference turns at zero without a
 // change of sign: the crossings of the drawn segments miss it. Looked for at the turns of the
-// difference along the curve's vertices.
-void Touchings(CurveRefiner& refiner, std::size_t index, std::size_t from, std::vector<NotablePoint>& out) {
+// difference along the curve's vertices, where the other curve comes near.
+void Touchings(CurveRefiner& refiner, const IntersectionGrid& grid, std::size_t index, std::size_t from,
+               std::vector<NotablePoint>& out) {
   const auto& curves = refiner.Curves();
   const Drawing::Curve& first = curves[index];
   if (!first.Explicit) return;
@@ -101,17 +103,24 @@ void Touchings(CurveRefiner& refiner, std::size_t index, std::size_t from, std::
     const Drawing::Curve& second = curves[other];
     if (other == index || !second.Explicit || refiner.Coincide(index, other)) continue;
     for (const QPolygonF& piece : first.Pieces) {
-      // The vertices lie on the first curve: one evaluation of the second per vertex.
-      std::vector<double> d(static_cast<std::size_t>(piece.size()));
-      for (qsizetype i = 0; i < piece.size(); ++i) d[std::size_t(i)] = piece[i].y() - second.Explicit(piece[i].x());
+      // The vertices lie on the first curve: one evaluation of the second per vertex it comes
+      // near, when first needed.
+      std::vector<double> d(static_cast<std::size_t>(piece.size()), std::numeric_limits<double>::quiet_NaN());
+      const auto at = [&](std::size_t i) {
+        const QPointF v = piece[static_cast<qsizetype>(i)];
+        if (std::isnan(d[i])) d[i] = v.y() - second.Explicit(v.x());
+        return d[i];
+      };
       for (std::size_t i = 1; i + 1 < d.size(); ++i) {
-        if (!(std::abs(d[i]) <= std::abs(d[i - 1]) && std::abs(d[i]) <= std::abs(d[i + 1]))) continue;
-        if ((d[i - 1] < 0) != (d[i + 1] < 0)) continue;  // a crossing, found by the segments
+        if (!grid.Passes(other, piece[static_cast<qsizetype>(i)])) continue;
+        const double before = at(i - 1), here = at(i), after = at(i + 1);
+        if (!(std::abs(here) <= std::abs(before) && std::abs(here) <= std::abs(after))) continue;
+        if ((before < 0) != (after < 0)) continue;  // a crossing, found by the segments
         // Only turns that come within a few pixels of the other curve can touch it.
-        if (!(std::abs(d[i]) <= 4 * refiner.View().YPerPixel())) continue;
+        if (!(std::abs(here) <= 4 * refiner.View().YPerPixel())) continue;
         const qsizetype v = static_cast<qsizetype>(i);
-        if (const auto at = refiner.Touching(index, other, piece[v - 1].x(), piece[v + 1].x(), d[i - 1] < 0)) {
-          out.push_back({*at, EdgesOfOneRegion(curves, index, other) ? NotablePoint::Kind::Corner : NotablePoint::Kind::Intersection});
+        if (const auto touch = refiner.Touching(index, other, piece[v - 1].x(), piece[v + 1].x(), before < 0)) {
+          out.push_back({*touch, EdgesOfOneRegion(curves, index, other) ? NotablePoint::Kind::Corner : NotablePoint::Kind::Intersection});
         }
       }
     }
@@ -213,7 +222,7 @@ void Search(CurveRefiner& refiner, const IntersectionGrid& grid, std::size_t cur
   Keep(kept, found);
   if (refiner.View().XMax() > refiner.View().XMin()) Intersections(refiner, grid, curve, from, kept);
   found.clear();
-  Touchings(refiner, curve, from, found);
+  Touchings(refiner, grid, curve, from, found);
   Keep(kept, found);
 }
 
