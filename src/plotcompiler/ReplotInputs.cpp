@@ -30,7 +30,8 @@ void AddParametric(const ReplotHost& host, QStringList& parts) {
 }
 
 void AddSurface(const ReplotHost& host, QStringList& parts) {
-  parts << QString::number(host.Selected3DTab()) << QString::number(host.GridIndex()) << host.ZoomText();
+  // The zoom is left out: it turns the surface already drawn and needs no new one.
+  parts << QString::number(host.Selected3DTab()) << QString::number(host.GridIndex());
   for (const char* name : {"mth_3D_Function", "mth_3D_Polar", "mth_3D_Para_x", "mth_3D_Para_y", "mth_3D_Para_z",
                            "txt_thetaMin", "txt_thetaMax", "txt_phiMin", "txt_phiMax", "txt_3D_uMin", "txt_3D_uMax",
                            "txt_3D_vMin", "txt_3D_vMax"}) {

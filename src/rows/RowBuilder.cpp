@@ -38,8 +38,8 @@ QToolButton* ProblemMark(QFrame* parent) {
   mark->setObjectName(QStringLiteral("imgProblem"));
   mark->setAutoRaise(true);
   mark->setIconSize(QSize(16, 16));
-  mark->setIcon(QIcon::fromTheme(QStringLiteral("dialog-warning"),
-                                 parent->style()->standardIcon(QStyle::SP_MessageBoxWarning)));
+  // Our own amber sign: the desktop's warning icon can be a plain bubble that does not stand out.
+  mark->setIcon(ribbon::IconFor(QStringLiteral("row-warning")));
   mark->setAccessibleName(QObject::tr("Cannot be drawn"));
   // Within reach of the keyboard, and a click or a key tells the reason where a pointer cannot hover.
   mark->setFocusPolicy(Qt::TabFocus);

@@ -15,6 +15,12 @@
 
 namespace rows {
 
+namespace {
+
+constexpr int kZoomPauseMs = 150;  // as long as the plot waits for typing to pause
+
+}  // namespace
+
 SurfacePage::SurfacePage(QWidget* parent) : QWidget(parent) {
   setObjectName(QStringLiteral("SurfacePage"));
   auto* layout = new QVBoxLayout(this);
@@ -56,10 +62,15 @@ SurfacePage::SurfacePage(QWidget* parent) : QWidget(parent) {
   m_zoomGuard = new FieldGuard(*m_zoom, &SurfacePage::ZoomValid);
   m_zoom->installEventFilter(this);
   connect(m_zoom, &QLineEdit::textEdited, this, &SurfacePage::ZoomEdited);
-  connect(m_ok, &QPushButton::clicked, this, [this] {
+  const auto apply = [this] {
+    m_zoomPause.stop();
     emit ZoomApplied(m_zoom->text());
     m_ok->hide();
-  });
+  };
+  connect(m_ok, &QPushButton::clicked, this, apply);
+  m_zoomPause.setSingleShot(true);
+  m_zoomPause.setInterval(kZoomPauseMs);
+  connect(&m_zoomPause, &QTimer::timeout, this, apply);
   // A fresh project holds these surfaces, so that one saved at once writes what a new file has.
   Editor(1)->SetText(QStringLiteral("z=x+y"));
   Editor(4)->SetText(QStringLiteral("u*v"));
@@ -172,6 +183,9 @@ void SurfacePage::ZoomEdited() {
   emit Changed();
   m_zoomGuard->Refresh();
   m_ok->setVisible(m_zoomGuard->Valid());
+  // A zoom within its bounds applies by itself once the typing pauses; Apply does it at once.
+  if (m_zoomGuard->Valid()) m_zoomPause.start();
+  else m_zoomPause.stop();
 }
 
 bool SurfacePage::eventFilter(QObject* watched, QEvent* event) {

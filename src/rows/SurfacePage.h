@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTabWidget>
+#include <QTimer>
 #include <QWidget>
 
 #include <functional>
@@ -63,6 +64,7 @@ private:
   QLineEdit* m_zoom;
   QPushButton* m_ok;
   FieldGuard* m_zoomGuard;
+  QTimer m_zoomPause;  // applies a typed zoom when the typing pauses
 };
 
 }  // namespace rows
