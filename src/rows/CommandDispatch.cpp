@@ -43,9 +43,11 @@ const PictureCommandKind kPictures[] = {
 };
 
 // The sibling tools, started from the program's folder.
-const std::pair<std::int32_t, const char*> kTools[] = {{1054, "Abacus Bench"}, {1055, "Trigon Bench"},
-                                                       {1056, "Area Bench"},   {1057, "Slope Bench"},
-                                                       {1058, "Chain Bench"},  {1167, "Curve Probe"}};
+// The tools by the names of their programs: "Abacus Bench" is quillograph-abacus-bench, as a
+// Linux program is named, beside quillograph.
+const std::pair<std::int32_t, const char*> kTools[] = {
+    {1054, "quillograph-abacus-bench"}, {1055, "quillograph-trigon-bench"}, {1056, "quillograph-area-bench"},
+    {1057, "quillograph-slope-bench"},  {1058, "quillograph-chain-bench"},  {1167, "quillograph-curve-probe"}};
 
 }  // namespace
 

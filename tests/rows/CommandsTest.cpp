@@ -480,12 +480,26 @@ TEST(Commands, AMissingToolSaysSo) {
   ASSERT_EQ(w.boxes.boxes.size(), 1u);
   EXPECT_EQ(w.boxes.boxes[0].Title, "Ribbon error - [Err-0015]");
   EXPECT_EQ(w.boxes.boxes[0].Text, "No such file or directory");
-  EXPECT_TRUE(w.desktop.started[0].first.endsWith("/Abacus Bench"));
+  EXPECT_TRUE(w.desktop.started[0].first.endsWith("/quillograph-abacus-bench"));
   w.desktop.startError.reset();
   w.Run(1076);
   EXPECT_TRUE(w.desktop.opened.back().endsWith("/Help.pdf"));
   w.Run(1079);
   EXPECT_TRUE(w.desktop.opened.back().endsWith("/pages/about.html"));
+}
+
+// Each Tools button starts its program from the program's own folder.
+TEST(Commands, EachToolStartsItsProgramBesideTheProgram) {
+  const std::pair<std::int32_t, const char*> tools[] = {
+      {1054, "quillograph-abacus-bench"}, {1055, "quillograph-trigon-bench"}, {1056, "quillograph-area-bench"},
+      {1057, "quillograph-slope-bench"},  {1058, "quillograph-chain-bench"},  {1167, "quillograph-curve-probe"}};
+  for (const auto& [id, program] : tools) {
+    Window w;
+    w.Run(id);
+    ASSERT_EQ(w.desktop.started.size(), 1u) << id;
+    EXPECT_EQ(w.desktop.started[0].first, QCoreApplication::applicationDirPath() + "/" + program);
+    EXPECT_TRUE(w.boxes.boxes.empty());
+  }
 }
 
 TEST(Commands, AnIdWithoutACommandIsComingSoon) {
