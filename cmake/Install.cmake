@@ -17,6 +17,7 @@ install(FILES "${PROJECT_SOURCE_DIR}/data/What is new.rtf" "${PROJECT_SOURCE_DIR
 # Made by the build: the samples' pictures and the manual.
 install(DIRECTORY ${CMAKE_BINARY_DIR}/data/Functions DESTINATION ${data_destination} FILES_MATCHING PATTERN "*.jpg")
 install(FILES ${CMAKE_BINARY_DIR}/data/Help.pdf DESTINATION ${data_destination})
+install(DIRECTORY ${CMAKE_BINARY_DIR}/data/manual DESTINATION ${data_destination})
 
 install(FILES ${PROJECT_SOURCE_DIR}/data/desktop/quillograph.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES ${PROJECT_SOURCE_DIR}/data/desktop/quillograph-mime.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages

@@ -53,20 +53,26 @@ pageInfo::pageInfo(platform::Desktop& desktop, QWidget* parent) : QWidget(parent
   layout->addStretch();
 
   const auto open = [this](const char* page) {
-    return [this, page] { m_desktop.OpenAddress(platform::DataFile(QStringLiteral("pages/") + QString::fromLatin1(page))); };
+    return [this, page] { Show(platform::DataFile(QStringLiteral("pages/") + QString::fromLatin1(page))); };
   };
   connect(AddButton("btnHelp", tr("About Quillograph"), tr("What it is and what it does"), "help-about"),
           &QPushButton::clicked, this, open("about.html"));
   connect(AddButton("btnTutorial", tr("Tutorial"), tr("The first steps, one at a time"), "applications-education"),
           &QPushButton::clicked, this, open("tutorial.html"));
   connect(AddButton("btnWebSite", tr("Manual"), tr("Everything, in the user's manual"), "application-pdf"),
-          &QPushButton::clicked, this, [this] { m_desktop.OpenAddress(platform::DataFile(QStringLiteral("Help.pdf"))); });
+          &QPushButton::clicked, this, [this] { Show(QStringLiteral("index.html")); });
   connect(AddButton("btnFacebook", tr("Community"), tr("Where users and makers meet"), "system-users"),
           &QPushButton::clicked, this, open("contact.html"));
   connect(AddButton("btnContactUs", tr("Contact us"), tr("How to reach the people who make it"), "mail-message-new"),
           &QPushButton::clicked, this, [this] {
             if (ShowContact) ShowContact();
           });
+}
+
+// In the program's own manual window where there is one, else with the desktop's program.
+void pageInfo::Show(const QString& page) {
+  if (ShowHelp) return ShowHelp(page);
+  m_desktop.OpenAddress(page == u"index.html" ? platform::DataFile(QStringLiteral("Help.pdf")) : page);
 }
 
 QString pageInfo::VersionText() {

@@ -23,11 +23,14 @@ public:
 
   // The contact form, which the main window opens.
   std::function<void()> ShowContact;
+  // The manual's window on a chapter ("index.html") or on a page by its path.
+  std::function<void(const QString&)> ShowHelp;
 
   // "Version: major.minor.0.revision" from the program's version record.
   static QString VersionText();
 
 private:
+  void Show(const QString& page);
   QPushButton* AddButton(const char* name, const QString& caption, const QString& description, const QString& icon);
 
   platform::Desktop& m_desktop;

@@ -49,6 +49,16 @@ const std::pair<std::int32_t, const char*> kTools[] = {
     {1054, "quillograph-abacus-bench"}, {1055, "quillograph-trigon-bench"}, {1056, "quillograph-area-bench"},
     {1057, "quillograph-slope-bench"},  {1058, "quillograph-chain-bench"},  {1167, "quillograph-curve-probe"}};
 
+// The manual's chapter for the page the user is on.
+QString HelpChapter(int tab) {
+  switch (tab) {
+    case 1:
+    case 2: return QStringLiteral("inequality-parametric.html");
+    case 3: return QStringLiteral("surfaces.html");
+    default: return QStringLiteral("index.html");
+  }
+}
+
 }  // namespace
 
 CommandDispatch::CommandDispatch(frmMain& form, const MainServices& services, RowCommands& rows)
@@ -238,8 +248,13 @@ bool CommandDispatch::ToolCommand(std::int32_t id) {
     return true;
   }
   switch (id) {
-    case 1076: m_services.Desktop.OpenAddress(platform::DataFile(QStringLiteral("Help.pdf"))); return true;
-    case 1079: m_services.Desktop.OpenAddress(platform::DataFile(QStringLiteral("pages/about.html"))); return true;
+    // The manual and the offline pages open in the program's own window, which needs no viewer.
+    case 1076:
+      if (ShowHelp) ShowHelp(HelpChapter(m_form.tabInput()->currentIndex()));
+      return true;
+    case 1079:
+      if (ShowHelp) ShowHelp(platform::DataFile(QStringLiteral("pages/about.html")));
+      return true;
     case 1080:
       if (ShowContact) ShowContact();
       else m_services.Desktop.OpenAddress(platform::DataFile(QStringLiteral("pages/contact.html")));

@@ -27,6 +27,8 @@ public:
   std::function<QPoint(std::int32_t id)> ControlPlace;
   // The contact form (the information pages bring it).
   std::function<void()> ShowContact;
+  // The manual's window on a chapter ("index.html") or on a page of the program by its path.
+  std::function<void(const QString&)> ShowHelp;
 
 private:
   bool FileCommand(std::int32_t id);

@@ -17,6 +17,7 @@
 #include "RowMenu.h"
 
 #include "core/NumberText.h"
+#include "help/HelpWindow.h"
 #include "core/RuntimeError.h"
 #include "core/Tag.h"
 #include "core/Twips.h"
@@ -44,6 +45,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QShortcut>
 #include <QStatusBar>
 #include <QTabBar>
 
@@ -211,6 +213,7 @@ void frmMain::WireParts() {
   m_rowCommands->PointsOf = [this](int i) { m_rowDialogs->ShowPoints(i); };
   m_rowDialogs->ProjectChanged = [this] { ProjectChanged(); };
   m_dispatch->ShowContact = [this] { ShowContact(); };
+  m_dispatch->ShowHelp = [this](const QString& page) { ShowHelp(page); };
   m_dispatch->ControlPlace = [this](std::int32_t id) {
     const QWidget* view = m_ribbon->WidgetFor(id);
     return view ? view->mapToGlobal(QPoint(0, 0)) : mapToGlobal(QPoint(0, 0));
@@ -302,6 +305,7 @@ void frmMain::CreateFileMenu() {
                        QStringLiteral("help-whatsthis"));
   auto* info = new output::pageInfo(m_services.Desktop);
   info->ShowContact = [this] { ShowContact(); };
+  info->ShowHelp = [this](const QString& page) { ShowHelp(page); };
   m_backstage->AddPage(10010, QStringLiteral("&Info"), info, QStringLiteral("help-about"));
   m_samples = new output::pageSamples(m_state, m_services.Boxes);
   m_samples->MayReplace = [this] { return m_files->MayReplace(); };
@@ -447,7 +451,8 @@ void frmMain::closeEvent(QCloseEvent* event) {
     return;
   }
   for (QWidget* popup : {static_cast<QWidget*>(m_insert.data()), static_cast<QWidget*>(m_range.data()),
-                         static_cast<QWidget*>(m_fullScreen.data()), static_cast<QWidget*>(m_contact.data())}) {
+                         static_cast<QWidget*>(m_fullScreen.data()), static_cast<QWidget*>(m_contact.data()),
+                         static_cast<QWidget*>(m_help.data())}) {
     if (popup) popup->close();
   }
   event->accept();
@@ -561,6 +566,9 @@ void frmMain::ShowInsert() {
     at.setY(std::clamp(at.y(), free.top(), std::max(free.top(), free.bottom() - wanted.height())));
   }
   m_insert->move(at);
+  // F1 in the dialog opens the manual on the dialog's own chapter.
+  auto* help = new QShortcut(QKeySequence(Qt::Key_F1), m_insert);
+  connect(help, &QShortcut::activated, this, [this] { ShowHelp(QStringLiteral("insert-dialog.html")); });
   m_insert->show();
   m_insert->activateWindow();
   m_insert->raise();
@@ -587,6 +595,19 @@ void frmMain::ShowRange(const QString& mode, QPoint at) {
   m_range->show();
   m_range->activateWindow();
   m_range->raise();
+}
+
+void frmMain::ShowHelp(const QString& page) {
+  if (!m_help) {
+    m_help = new help::HelpWindow(platform::DataFile(QStringLiteral("manual")), platform::DataFile(QStringLiteral("Help.pdf")),
+                                  m_services.Desktop, m_services.Boxes, this);
+    m_help->setAttribute(Qt::WA_DeleteOnClose);
+  }
+  if (QFileInfo(page).isAbsolute()) m_help->ShowPage(page);
+  else m_help->ShowChapter(page);
+  m_help->show();
+  m_help->raise();
+  m_help->activateWindow();
 }
 
 void frmMain::ShowFullScreen() {

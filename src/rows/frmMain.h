@@ -6,6 +6,7 @@
 #include "dialogs/frmInsert.h"
 #include "dialogs/frmRange.h"
 #include "expression/ScriptEvaluation.h"
+#include "help/HelpWindow.h"
 #include "output/frmContactUS.h"
 #include "output/frmFullScreen.h"
 #include "output/pageSamples.h"
@@ -90,6 +91,9 @@ public:
   output::frmFullScreen* FullScreen() const { return m_fullScreen; }
   // The contact form, growing open in the middle of the screen.
   void ShowContact();
+  // The manual inside the program, on a chapter ("plot.html#zoom") or on a page by its path.
+  void ShowHelp(const QString& page);
+  help::HelpWindow* Help() const { return m_help; }
   output::frmContactUS* Contact() const { return m_contact; }
   output::pageSamples& Samples() { return *m_samples; }
 
@@ -185,6 +189,7 @@ private:
   QPointer<dialogs::frmRange> m_range;
   QPointer<output::frmFullScreen> m_fullScreen;
   QPointer<output::frmContactUS> m_contact;
+  QPointer<help::HelpWindow> m_help;
   output::pageSamples* m_samples = nullptr;
   bool m_prepared3D = false;
   int m_prepare3DCalls = 0;

@@ -21,6 +21,10 @@ set(expected
   "share/quillograph/What is new.rtf"
   "share/quillograph/Support Us.rtf"
   share/quillograph/Help.pdf
+  share/quillograph/manual/index.html
+  share/quillograph/manual/plot.html
+  share/quillograph/manual/manual.css
+  share/quillograph/manual/first-graph.png
   share/applications/quillograph.desktop
   share/mime/packages/quillograph.xml
   share/icons/hicolor/scalable/apps/quillograph.svg

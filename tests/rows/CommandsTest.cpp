@@ -18,6 +18,11 @@
 
 #include <gtest/gtest.h>
 
+#include "help/HelpWindow.h"
+
+#include <QFileInfo>
+#include <QTextBrowser>
+
 #include "FakeDesktop.h"
 #include "MainWindowFixture.h"
 #include "QtPrinters.h"
@@ -481,11 +486,34 @@ TEST(Commands, AMissingToolSaysSo) {
   EXPECT_EQ(w.boxes.boxes[0].Title, "Ribbon error - [Err-0015]");
   EXPECT_EQ(w.boxes.boxes[0].Text, "No such file or directory");
   EXPECT_TRUE(w.desktop.started[0].first.endsWith("/quillograph-abacus-bench"));
-  w.desktop.startError.reset();
+}
+
+// The manual and the program's pages open in the program's own window, on the chapter for the
+// page the user is on; F1 in the insert dialog opens its chapter.
+TEST(Commands, HelpOpensTheManualInsideTheProgram) {
+  Window w;
+  const auto page = [&w] { return QFileInfo(w->Help()->Browser()->source().toLocalFile()).fileName(); };
   w.Run(1076);
-  EXPECT_TRUE(w.desktop.opened.back().endsWith("/Help.pdf"));
+  ASSERT_NE(w->Help(), nullptr);
+  EXPECT_TRUE(w->Help()->isVisible());
+  EXPECT_EQ(page(), "index.html");
+  for (const auto& [tab, chapter] : {std::pair{3, "surfaces.html"}, std::pair{1, "inequality-parametric.html"}}) {
+    w->Tabs().setCurrentIndex(tab);
+    w.Run(1076);
+    EXPECT_EQ(page(), chapter);
+  }
   w.Run(1079);
-  EXPECT_TRUE(w.desktop.opened.back().endsWith("/pages/about.html"));
+  EXPECT_EQ(page(), "about.html");
+  EXPECT_TRUE(w.desktop.opened.empty()) << "no viewer is needed";
+  EXPECT_TRUE(w.boxes.boxes.empty());
+  w->Tabs().setCurrentIndex(0);
+  w.state.InsertSource = 0;
+  w.state.InsertIndex = 0;
+  w->ShowInsert();
+  ASSERT_NE(w->Insert(), nullptr);
+  QApplication::setActiveWindow(w->Insert());
+  QTest::keyClick(w->Insert(), Qt::Key_F1);
+  EXPECT_EQ(page(), "insert-dialog.html");
 }
 
 // Each Tools button starts its program from the program's own folder.

@@ -112,7 +112,7 @@ public:
   }
   bool OpenAddress(const QString& address) override {
     opened.push_back(address);
-    return true;
+    return opens;
   }
   QString ClipboardText() override { return clipboard; }
   void SetClipboardText(const QString& text) override { clipboard = text; }
@@ -126,6 +126,7 @@ public:
   std::vector<std::pair<QString, Window>> started;
   std::optional<QString> startError;
   std::vector<QString> opened;
+  bool opens = true;  // false: the desktop has no program for what it is asked to open
   QString clipboard;
   QImage clipboardImage;
   int clears = 0;
