@@ -36,7 +36,8 @@ double ChainCheck::CentralDerivative(const std::function<double(double)>& f, dou
     for (int j = 1; j <= i; ++j) {
       table[j][i] = (table[j - 1][i] * factor - table[j - 1][i - 1]) / (factor - 1);
       factor *= kShrink2;
-      const double estimate = std::max(std::abs(table[j][i] - table[j - 1][i]), std::abs(table[j][i] - table[j - 1][i - 1]));
+      const double estimate =
+          std::max(std::abs(table[j][i] - table[j - 1][i]), std::abs(table[j][i] - table[j - 1][i - 1]));
       if (estimate <= error) {
         error = estimate;
         best = table[j][i];
@@ -62,16 +63,18 @@ ChainCheck::Result ChainCheck::Run(const ChainRule& rule) {
     if (!std::isfinite(product) || !std::isfinite(numeric)) continue;
     const double composed = rule.Value(ChainRule::Composition, x), nested = rule.F(rule.G(x));
     if (!Close(composed, nested)) {
-      result.Words = QStringLiteral("At x = %1 the composition %2 gives %3, but f(g(x)) worked out in turn gives %4: "
-                                    "putting (g) in for x did not make f(g(x)).")
+      result.Words = QStringLiteral(
+                         "At x = %1 the composition %2 gives %3, but f(g(x)) worked out in turn gives %4: "
+                         "putting (g) in for x did not make f(g(x)).")
                          .arg(core::FormatNumber(x), rule.Steps()[ChainRule::Composition].Text,
                               core::FormatNumber(composed), core::FormatNumber(nested));
       return result;
     }
     result.Points.push_back(x);
     if (!Close(product, numeric)) {
-      result.Words = QStringLiteral("At x = %1 the product g′(x)·f′(g(x)) gives %2, but the central difference of "
-                                    "f(g(x)) gives %3: they differ by %4, more than 1e-9.")
+      result.Words = QStringLiteral(
+                         "At x = %1 the product g′(x)·f′(g(x)) gives %2, but the central difference of "
+                         "f(g(x)) gives %3: they differ by %4, more than 1e-9.")
                          .arg(core::FormatNumber(x), core::FormatNumber(product), core::FormatNumber(numeric),
                               core::FormatNumber(std::abs(product - numeric)));
       return result;

@@ -19,7 +19,7 @@ public:
   struct Result {
     std::vector<double> Points;  // where it was checked
     bool Agrees = false;
-    QString Words;               // the outcome in words
+    QString Words;  // the outcome in words
   };
 
   static Result Run(const ChainRule& rule);

@@ -18,13 +18,12 @@ constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 // could make an x look like part of a name; the rest are copied letter by letter.
 const QStringList& KnownNames() {
   static const QStringList names = [] {
-    QStringList n = {"exp",    "xroot",  "xlog",   "sinh",  "cosh",   "tanh",   "coth",  "csch",   "sech",
-                     "asinh",  "acosh",  "atanh",  "acsch", "asech",  "acoth",  "acosech", "cosech", "acosec",
-                     "cosec",  "asin",   "acos",   "atan",  "acsc",   "asec",   "acot",  "sin",    "cos",
-                     "tan",    "log10",  "log",    "ln",    "sqrt",   "sqr",    "abs",   "sgn",    "int",
-                     "fix",    "atn",    "deg",    "fact",  "csc",    "sec",    "cot",   "const",  "rnd",
-                     "randomnumber", "theta", "rho", "alpha", "beta", "phi", "tau", "meu", "lambda", "pi",
-                     "and",    "or",     "mod"};
+    QStringList n = {"exp",   "xroot", "xlog",  "sinh",   "cosh",  "tanh",         "coth",   "csch",   "sech",  "asinh",
+                     "acosh", "atanh", "acsch", "asech",  "acoth", "acosech",      "cosech", "acosec", "cosec", "asin",
+                     "acos",  "atan",  "acsc",  "asec",   "acot",  "sin",          "cos",    "tan",    "log10", "log",
+                     "ln",    "sqrt",  "sqr",   "abs",    "sgn",   "int",          "fix",    "atn",    "deg",   "fact",
+                     "csc",   "sec",   "cot",   "const",  "rnd",   "randomnumber", "theta",  "rho",    "alpha", "beta",
+                     "phi",   "tau",   "meu",   "lambda", "pi",    "and",          "or",     "mod"};
     std::sort(n.begin(), n.end(), [](const QString& a, const QString& b) { return a.size() > b.size(); });
     return n;
   }();
@@ -73,9 +72,8 @@ QString ChainRule::Substitute(const QString& text, const QString& inner) {
       continue;
     }
     const QString rest = text.mid(i);
-    const auto known = std::find_if(KnownNames().begin(), KnownNames().end(), [&](const QString& name) {
-      return rest.startsWith(name, Qt::CaseInsensitive);
-    });
+    const auto known = std::find_if(KnownNames().begin(), KnownNames().end(),
+                                    [&](const QString& name) { return rest.startsWith(name, Qt::CaseInsensitive); });
     if (known != KnownNames().end()) {
       result += text.mid(i, known->size());
       i += known->size();
@@ -96,12 +94,14 @@ QString ChainRule::Body(const QString& text) {
 QString ChainRule::WhyNot(const QString& name, const QString& body, mathlang::ParsedLine& line) {
   if (body.isEmpty()) return QStringLiteral("Type %1, a function of x, such as sin(x) or x^2.").arg(name);
   if (body.contains(u'=')) {
-    return QStringLiteral("%1 = \"%2\" is an equation, not a function of x: type the right-hand side of "
-                          "y = %1(x) alone.")
+    return QStringLiteral(
+               "%1 = \"%2\" is an equation, not a function of x: type the right-hand side of "
+               "y = %1(x) alone.")
         .arg(name, body);
   }
   if (LooksLikePointList(body)) {
-    return QStringLiteral("%1 = \"%2\" is a list of points, not a function: points have no derivative.").arg(name, body);
+    return QStringLiteral("%1 = \"%2\" is a list of points, not a function: points have no derivative.")
+        .arg(name, body);
   }
   line = mathlang::ParseExpression(body);
   if (!line.Ok()) return QStringLiteral("%1 cannot be read: %2.").arg(name, line.Error);
@@ -109,7 +109,8 @@ QString ChainRule::WhyNot(const QString& name, const QString& body, mathlang::Pa
   for (const auto& [variable, other] : {std::pair{Variable::Y, "y"}, std::pair{Variable::T, "t"},
                                         std::pair{Variable::Theta, "theta"}, std::pair{Variable::R, "r"}}) {
     if (line.Tree.Uses(variable)) {
-      return QStringLiteral("%1 may use x alone, but it uses %2: type a function of x.").arg(name, QLatin1String(other));
+      return QStringLiteral("%1 may use x alone, but it uses %2: type a function of x.")
+          .arg(name, QLatin1String(other));
     }
   }
   return {};
@@ -155,7 +156,8 @@ void ChainRule::FindProblem(const QString& outer, const QString& inner) {
   }
   for (const ChainStep& step : m_steps) {
     if (m_problem.isEmpty() && !step.Line.Ok()) {
-      m_problem = QStringLiteral("The step %1 = %2 cannot be read back: %3.").arg(step.Name, step.Text, step.Line.Error);
+      m_problem =
+          QStringLiteral("The step %1 = %2 cannot be read back: %3.").arg(step.Name, step.Text, step.Line.Error);
     }
   }
 }

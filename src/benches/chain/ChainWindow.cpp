@@ -205,8 +205,9 @@ void ChainWindow::Replot() {
   for (int i = 0; i < ChainRule::kStepCount; ++i) {
     const ChainStep& step = m_rule.Steps()[static_cast<std::size_t>(i)];
     if (step.Text.isEmpty() || !step.Line.Ok() || !m_steps[static_cast<std::size_t>(i)].Show->isChecked()) continue;
-    scene.AddFunction(static_cast<std::int16_t>(i + 1), plotcompiler::CompileEquation(QStringLiteral("y=") + step.Text, false),
-                      StepColor(i), false, kind, false, true, false, 0);
+    scene.AddFunction(static_cast<std::int16_t>(i + 1),
+                      plotcompiler::CompileEquation(QStringLiteral("y=") + step.Text, false), StepColor(i), false, kind,
+                      false, true, false, 0);
   }
   m_plot->Redraw();
 }

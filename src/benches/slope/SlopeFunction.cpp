@@ -57,8 +57,9 @@ void SlopeFunction::SetText(const QString& text) {
   if (derivative && m_slope.Ok()) {
     m_derivative = *derivative;
   } else {
-    m_derivativeProblem = QStringLiteral("Our derivative cannot differentiate %1, so there is no tangent; the "
-                                         "secant still shows the slope between two points.")
+    m_derivativeProblem = QStringLiteral(
+                              "Our derivative cannot differentiate %1, so there is no tangent; the "
+                              "secant still shows the slope between two points.")
                               .arg(body);
   }
 }
@@ -66,14 +67,16 @@ void SlopeFunction::SetText(const QString& text) {
 QString SlopeFunction::WhyNotAFunction(const QString& text) {
   if (text.isEmpty()) return QStringLiteral("Type a function of x after \"y =\", such as x^2 or sin(x).");
   if (text.contains(u'=')) {
-    return QStringLiteral("\"%1\" is an equation, not y as a function of x: an implicit curve has no "
-                          "derivative f'(x) here, so there is no secant and no tangent. Type the right-hand "
-                          "side of y = f(x) alone.")
+    return QStringLiteral(
+               "\"%1\" is an equation, not y as a function of x: an implicit curve has no "
+               "derivative f'(x) here, so there is no secant and no tangent. Type the right-hand "
+               "side of y = f(x) alone.")
         .arg(text);
   }
   if (LooksLikePointList(text)) {
-    return QStringLiteral("\"%1\" is a list of points, not a function: points have no derivative, so there is "
-                          "no secant and no tangent. Type a function of x.")
+    return QStringLiteral(
+               "\"%1\" is a list of points, not a function: points have no derivative, so there is "
+               "no secant and no tangent. Type a function of x.")
         .arg(text);
   }
   return {};

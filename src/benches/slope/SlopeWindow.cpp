@@ -150,8 +150,8 @@ QWidget* SlopeWindow::BuildFunctionGroup() {
   label->setBuddy(m_edtFunction);
   form->addRow(label, m_edtFunction);
   auto* legend = ColoredLabel(kCurveColor, group);
-  legend->setText(tr("The curve is blue, the secant orange, the tangent green and the derivative's trace "
-                     "purple."));
+  legend->setText(
+      tr("The curve is blue, the secant orange, the tangent green and the derivative's trace purple."));
   form->addRow(legend);
   connect(m_edtFunction, &QLineEdit::textChanged, this, &SlopeWindow::FunctionEdited);
   return group;
@@ -217,21 +217,24 @@ QWidget* SlopeWindow::BuildSlopesGroup() {
   m_lblTangent = ColoredLabel(kTangentColor, group);
   m_lblGap = ColoredLabel(Rgb(40, 40, 40), group);
   m_lblTrace = ColoredLabel(kTraceColor, group);
-  const std::pair<QLabel*, const char*> names[] = {{m_lblDerivative, "lblDerivative"}, {m_lblSecant, "lblSecant"},
-                                                   {m_lblTangent, "lblTangent"},         {m_lblGap, "lblGap"},
+  const std::pair<QLabel*, const char*> names[] = {{m_lblDerivative, "lblDerivative"},
+                                                   {m_lblSecant, "lblSecant"},
+                                                   {m_lblTangent, "lblTangent"},
+                                                   {m_lblGap, "lblGap"},
                                                    {m_lblTrace, "lblTrace"}};
   for (const auto& [label, name] : names) {
     label->setObjectName(QString::fromLatin1(name));
     box->addWidget(label);
   }
-  m_btnClearTrace = Button(tr("&Clear trace"), QStringLiteral("btnClearTrace"), tr("Clear the derivative's trace"), group);
+  m_btnClearTrace =
+      Button(tr("&Clear trace"), QStringLiteral("btnClearTrace"), tr("Clear the derivative's trace"), group);
   box->addWidget(m_btnClearTrace);
   connect(m_btnClearTrace, &QPushButton::clicked, this, &SlopeWindow::ClearTrace);
   return group;
 }
 
 void SlopeWindow::SetTabOrder() {
-  const QWidget* order[] = {m_edtFunction, m_edtX0, m_btnLeft, m_btnRight, m_edtH,
+  const QWidget* order[] = {m_edtFunction, m_edtX0,      m_btnLeft,       m_btnRight, m_edtH,
                             m_sldH,        m_btnAnimate, m_btnClearTrace, m_plot};
   for (std::size_t i = 1; i < std::size(order); ++i) {
     setTabOrder(const_cast<QWidget*>(order[i - 1]), const_cast<QWidget*>(order[i]));
@@ -247,8 +250,10 @@ void SlopeWindow::FunctionEdited() {
 
 void SlopeWindow::X0Edited() {
   const auto value = ReadNumber(m_edtX0->text(), QStringLiteral("x₀"), m_x0Problem);
-  if (value) MoveX0(*value, false);
-  else Refresh();
+  if (value)
+    MoveX0(*value, false);
+  else
+    Refresh();
 }
 
 void SlopeWindow::HEdited() {
@@ -382,8 +387,10 @@ bool SlopeWindow::eventFilter(QObject* watched, QEvent* event) {
     return true;
   }
   if (type == QEvent::MouseMove && mouse->buttons() == Qt::NoButton) {
-    if (DragStarts(pixel)) m_plot->setCursor(Qt::OpenHandCursor);
-    else m_plot->unsetCursor();
+    if (DragStarts(pixel))
+      m_plot->setCursor(Qt::OpenHandCursor);
+    else
+      m_plot->unsetCursor();
   }
   return QWidget::eventFilter(watched, event);
 }

@@ -4,8 +4,19 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <ostream>
+#include <string>
 
 namespace {
+
+// The cases' names for the test list: their texts, with the characters a test name cannot hold
+// replaced, so that each run lists them under the same names.
+std::string Plain(std::string text) {
+  for (char& c : text) {
+    if (c == '[' || c == ']' || c == ';' || c == '#' || c == '\\' || c == '"' || c == '$') c = '_';
+  }
+  return text;
+}
 
 using chain::ChainRule;
 
@@ -18,6 +29,8 @@ struct StepCase {
   const char* OuterAtInner;
   const char* Product;
 };
+
+void PrintTo(const StepCase& c, std::ostream* os) { *os << Plain(std::string(c.F) + " of " + c.G); }
 
 class StepCases : public ::testing::TestWithParam<StepCase> {};
 
@@ -47,6 +60,8 @@ struct SubstituteCase {
   const char* Result;
 };
 
+void PrintTo(const SubstituteCase& c, std::ostream* os) { *os << Plain(std::string(c.Text) + " with " + c.Inner); }
+
 class SubstituteCases : public ::testing::TestWithParam<SubstituteCase> {};
 
 TEST_P(SubstituteCases, PutTheInnerTextInForEveryX) {
@@ -54,15 +69,12 @@ TEST_P(SubstituteCases, PutTheInnerTextInForEveryX) {
   EXPECT_EQ(ChainRule::Substitute(QString::fromUtf8(c.Text), QString::fromUtf8(c.Inner)), QString::fromUtf8(c.Result));
 }
 
-INSTANTIATE_TEST_SUITE_P(Chain, SubstituteCases,
-                         ::testing::Values(SubstituteCase{"sin(x)", "x^2", "sin((x^2))"},
-                                           SubstituteCase{"exp(x)", "2", "exp((2))"},
-                                           SubstituteCase{"xroot(x,3)", "u", "xroot((u),3)"},
-                                           SubstituteCase{"2x", "a+1", "2(a+1)"},
-                                           SubstituteCase{"x sin(x)", "g", "(g) sin((g))"},
-                                           SubstituteCase{"X^2", "y", "(y)^2"},
-                                           SubstituteCase{"x2", "x+1", "(x+1)2"},
-                                           SubstituteCase{"sinh(x)*pi", "x", "sinh((x))*pi"}));
+INSTANTIATE_TEST_SUITE_P(
+    Chain, SubstituteCases,
+    ::testing::Values(SubstituteCase{"sin(x)", "x^2", "sin((x^2))"}, SubstituteCase{"exp(x)", "2", "exp((2))"},
+                      SubstituteCase{"xroot(x,3)", "u", "xroot((u),3)"}, SubstituteCase{"2x", "a+1", "2(a+1)"},
+                      SubstituteCase{"x sin(x)", "g", "(g) sin((g))"}, SubstituteCase{"X^2", "y", "(y)^2"},
+                      SubstituteCase{"x2", "x+1", "(x+1)2"}, SubstituteCase{"sinh(x)*pi", "x", "sinh((x))*pi"}));
 
 TEST(ChainRule, TheProductOfSinOfXSquaredIsTwoXCosXSquared) {
   ChainRule rule;
@@ -77,7 +89,8 @@ TEST(ChainRule, TheProductOfSinOfXSquaredIsTwoXCosXSquared) {
 TEST(ChainRule, TheProductOfTheCubeOfALineIsSixTimesItsSquare) {
   ChainRule rule;
   rule.Set(QStringLiteral("x^3"), QStringLiteral("2x+1"));
-  for (const double x : {-2.0, -0.5, 0.0, 1.5}) EXPECT_DOUBLE_EQ(rule.Value(ChainRule::Product, x), 6 * (2 * x + 1) * (2 * x + 1));
+  for (const double x : {-2.0, -0.5, 0.0, 1.5})
+    EXPECT_DOUBLE_EQ(rule.Value(ChainRule::Product, x), 6 * (2 * x + 1) * (2 * x + 1));
 }
 
 struct ProblemCase {
@@ -85,6 +98,8 @@ struct ProblemCase {
   const char* G;
   const char* Says;
 };
+
+void PrintTo(const ProblemCase& c, std::ostream* os) { *os << Plain(std::string(c.F) + " of " + c.G); }
 
 class ProblemCases : public ::testing::TestWithParam<ProblemCase> {};
 
@@ -98,16 +113,17 @@ TEST_P(ProblemCases, SayWhatIsWrongInWords) {
   EXPECT_FALSE(chain::ChainCheck::Run(rule).Agrees);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Chain, ProblemCases,
-    ::testing::Values(ProblemCase{"zork(x)", "x", "f cannot be read"}, ProblemCase{"sin(x)", "q", "g cannot be read"},
-                      ProblemCase{"sin(x)", "blob(x)+1", "g cannot be read"},
-                      ProblemCase{"x^2+y^2=1", "x", "f = \"x^2+y^2=1\" is an equation"},
-                      ProblemCase{"(1,2),(3,4)", "x", "list of points"}, ProblemCase{"", "x", "Type f"},
-                      ProblemCase{"sin(x)", " ", "Type g"}, ProblemCase{"sin(x)", "x*y", "g may use x alone, but it uses y"},
-                      ProblemCase{"xlog(2,x)", "x^2", "cannot differentiate f = xlog(2,x)"},
-                      ProblemCase{"x^2", "xlog(2,x)", "cannot differentiate g = xlog(2,x)"},
-                      ProblemCase{"sin(", "x", "f cannot be read"}));
+INSTANTIATE_TEST_SUITE_P(Chain, ProblemCases,
+                         ::testing::Values(ProblemCase{"zork(x)", "x", "f cannot be read"},
+                                           ProblemCase{"sin(x)", "q", "g cannot be read"},
+                                           ProblemCase{"sin(x)", "blob(x)+1", "g cannot be read"},
+                                           ProblemCase{"x^2+y^2=1", "x", "f = \"x^2+y^2=1\" is an equation"},
+                                           ProblemCase{"(1,2),(3,4)", "x", "list of points"},
+                                           ProblemCase{"", "x", "Type f"}, ProblemCase{"sin(x)", " ", "Type g"},
+                                           ProblemCase{"sin(x)", "x*y", "g may use x alone, but it uses y"},
+                                           ProblemCase{"xlog(2,x)", "x^2", "cannot differentiate f = xlog(2,x)"},
+                                           ProblemCase{"x^2", "xlog(2,x)", "cannot differentiate g = xlog(2,x)"},
+                                           ProblemCase{"sin(", "x", "f cannot be read"}));
 
 struct CheckCase {
   const char* F;
@@ -115,6 +131,8 @@ struct CheckCase {
   bool Agrees;
   const char* Words;
 };
+
+void PrintTo(const CheckCase& c, std::ostream* os) { *os << Plain(std::string(c.F) + " of " + c.G); }
 
 class CheckCases : public ::testing::TestWithParam<CheckCase> {};
 

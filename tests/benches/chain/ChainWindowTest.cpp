@@ -39,8 +39,10 @@ void Type(QLineEdit* field, const QString& text) {
   QTest::keyClick(field, Qt::Key_Delete);
   // Qt's test keyboard knows ASCII alone; other characters come as typed text.
   for (const QChar c : text) {
-    if (c.unicode() < 128) QTest::keyClick(field, c.toLatin1());
-    else field->insert(QString(c));
+    if (c.unicode() < 128)
+      QTest::keyClick(field, c.toLatin1());
+    else
+      field->insert(QString(c));
   }
 }
 
@@ -61,7 +63,8 @@ TEST(ChainWindow, ShowsEveryStepOfSinOfXSquared) {
   EXPECT_EQ(StepText(window, ChainRule::Product), QStringLiteral("g′(x)·f′(g(x)) = (2*x)*(cos((x^2)))"));
   EXPECT_EQ(LabelText(window, "lblDirect"), QStringLiteral("Our derivative of f(g(x)) taken at once: 2*x*cos(x^2)"));
   EXPECT_EQ(LabelText(window, "lblCheck"),
-            QStringLiteral("Checked at x = -1.7, -0.9, -0.3, 0.4, 1.1: agrees to 1e-9 with the central difference of f(g(x))."));
+            QStringLiteral(
+                "Checked at x = -1.7, -0.9, -0.3, 0.4, 1.1: agrees to 1e-9 with the central difference of f(g(x))."));
   EXPECT_TRUE(LabelText(window, "lblMessage").isEmpty());
   for (int step = 0; step < ChainRule::kStepCount; ++step) {
     const auto* typeset = Child<QLabel>(window, QStringLiteral("lblTypeset") + ChainWindow::StepKey(step));
@@ -115,7 +118,8 @@ TEST(ChainWindow, ADisagreementIsSaidInWords) {
 }
 
 TEST(ChainWindow, AnyTextInEitherFieldLeavesAMessageOrSteps) {
-  const char* texts[] = {")(", "=", "y=", "x^", "1e999", "[", "((((((x", "sqrt(-1)", "x/0", "€", "1,2", "r=2", "xxxx", "x mod 0"};
+  const char* texts[] = {")(",       "=",   "y=", "x^",  "1e999", "[",    "((((((x",
+                         "sqrt(-1)", "x/0", "€",  "1,2", "r=2",   "xxxx", "x mod 0"};
   ChainWindow window;
   window.show();
   for (const char* name : {"edtF", "edtG"}) {
@@ -135,7 +139,8 @@ TEST(ChainWindow, EveryControlHasANameAndTheWindowATitle) {
   EXPECT_GE(window.minimumHeight(), 500);
   for (QWidget* w : window.findChildren<QWidget*>()) {
     if (w->focusPolicy() & Qt::TabFocus) {
-      EXPECT_FALSE(w->accessibleName().isEmpty()) << w->metaObject()->className() << " " << w->objectName().toStdString();
+      EXPECT_FALSE(w->accessibleName().isEmpty())
+          << w->metaObject()->className() << " " << w->objectName().toStdString();
     }
   }
 }

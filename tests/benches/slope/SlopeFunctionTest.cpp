@@ -3,8 +3,19 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <ostream>
+#include <string>
 
 namespace {
+
+// The cases' names for the test list: their texts, with the characters a test name cannot hold
+// replaced, so that each run lists them under the same names.
+std::string Plain(std::string text) {
+  for (char& c : text) {
+    if (c == '[' || c == ']' || c == ';' || c == '#' || c == '\\' || c == '"' || c == '$') c = '_';
+  }
+  return text;
+}
 
 struct SlopeCase {
   const char* Text;
@@ -14,6 +25,10 @@ struct SlopeCase {
   double Tangent;
   const char* Derivative;
 };
+
+void PrintTo(const SlopeCase& c, std::ostream* os) {
+  *os << Plain(std::string(c.Text) + " at " + std::to_string(c.X0) + " step " + std::to_string(c.H));
+}
 
 class SlopeCases : public ::testing::TestWithParam<SlopeCase> {};
 
@@ -41,6 +56,8 @@ struct ProblemCase {
   const char* Says;
 };
 
+void PrintTo(const ProblemCase& c, std::ostream* os) { *os << Plain(std::string(c.Text)); }
+
 class ProblemCases : public ::testing::TestWithParam<ProblemCase> {};
 
 TEST_P(ProblemCases, SaysWhyInWords) {
@@ -59,8 +76,7 @@ INSTANTIATE_TEST_SUITE_P(Slope, ProblemCases,
                                            ProblemCase{"(1,2),(3,4)", "list of points"},
                                            ProblemCase{"[1,2]", "list of points"},
                                            ProblemCase{"", "Type a function of x"},
-                                           ProblemCase{"   ", "Type a function of x"},
-                                           ProblemCase{"x*y", "uses y"},
+                                           ProblemCase{"   ", "Type a function of x"}, ProblemCase{"x*y", "uses y"},
                                            ProblemCase{"sin(", "cannot be read"},
                                            ProblemCase{"foo(x)", "cannot be read"}));
 

@@ -19,8 +19,19 @@
 #include <QTest>
 
 #include <cmath>
+#include <ostream>
+#include <string>
 
 namespace {
+
+// The cases' names for the test list: their texts, with the characters a test name cannot hold
+// replaced, so that each run lists them under the same names.
+std::string Plain(std::string text) {
+  for (char& c : text) {
+    if (c == '[' || c == ']' || c == ';' || c == '#' || c == '\\' || c == '"' || c == '$') c = '_';
+  }
+  return text;
+}
 
 template <typename T>
 T* Child(const QWidget& window, const char* name) {
@@ -36,8 +47,10 @@ void Type(QLineEdit* field, const QString& text) {
   QTest::keyClick(field, Qt::Key_Delete);
   // Qt's test keyboard knows ASCII alone; other characters come as typed text.
   for (const QChar c : text) {
-    if (c.unicode() < 128) QTest::keyClick(field, c.toLatin1());
-    else field->insert(QString(c));
+    if (c.unicode() < 128)
+      QTest::keyClick(field, c.toLatin1());
+    else
+      field->insert(QString(c));
   }
 }
 
@@ -49,6 +62,10 @@ struct TypedCase {
   const char* Tangent;
   const char* Derivative;
 };
+
+void PrintTo(const TypedCase& c, std::ostream* os) {
+  *os << Plain(std::string(c.Function) + " at " + c.X0 + " step " + c.H);
+}
 
 class TypedCases : public ::testing::TestWithParam<TypedCase> {};
 
@@ -64,14 +81,16 @@ TEST_P(TypedCases, TheSlopesShowAsTyped) {
   EXPECT_TRUE(LabelText(window, "lblMessage").isEmpty());
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Slope, TypedCases,
-    ::testing::Values(TypedCase{"x^2", "1", "0.5", QStringLiteral("2.5"), "2", "2*x"},
-                      TypedCase{"sin(x)", "0", "0.5", core::FormatNumber(std::sin(0.5) / 0.5), "1", "cos(x)"},
-                      TypedCase{"x^3", "2", "1", QStringLiteral("19"), "12", "3*x^2"},
-                      TypedCase{"x^2", "pi/2", "1/4", core::FormatNumber((std::pow(3.14159265358979 / 2 + 0.25, 2) -
-                                                                          std::pow(3.14159265358979 / 2, 2)) / 0.25),
-                                "3.14159265358979", "2*x"}));
+INSTANTIATE_TEST_SUITE_P(Slope, TypedCases,
+                         ::testing::Values(TypedCase{"x^2", "1", "0.5", QStringLiteral("2.5"), "2", "2*x"},
+                                           TypedCase{"sin(x)", "0", "0.5", core::FormatNumber(std::sin(0.5) / 0.5), "1",
+                                                     "cos(x)"},
+                                           TypedCase{"x^3", "2", "1", QStringLiteral("19"), "12", "3*x^2"},
+                                           TypedCase{"x^2", "pi/2", "1/4",
+                                                     core::FormatNumber((std::pow(3.14159265358979 / 2 + 0.25, 2) -
+                                                                         std::pow(3.14159265358979 / 2, 2)) /
+                                                                        0.25),
+                                                     "3.14159265358979", "2*x"}));
 
 TEST(SlopeWindow, OpensOnXSquaredAtOneWithHalfAStep) {
   slope::SlopeWindow window;
@@ -89,6 +108,8 @@ struct BadCase {
   const char* Says;
 };
 
+void PrintTo(const BadCase& c, std::ostream* os) { *os << Plain(std::string(c.Field) + " " + c.Text); }
+
 class BadCases : public ::testing::TestWithParam<BadCase> {};
 
 TEST_P(BadCases, SayWhatIsWrongInWords) {
@@ -101,17 +122,16 @@ TEST_P(BadCases, SayWhatIsWrongInWords) {
   EXPECT_TRUE(Child<QLabel>(window, "lblMessage")->isVisible());
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Slope, BadCases,
-    ::testing::Values(BadCase{"edtFunction", "x^2+y^2=1", "implicit curve has no derivative"},
-                      BadCase{"edtFunction", "(1,2),(3,4)", "list of points"},
-                      BadCase{"edtFunction", "", "Type a function of x"},
-                      BadCase{"edtFunction", "sin(", "cannot be read"},
-                      BadCase{"edtFunction", "zork(x)", "cannot be read"},
-                      BadCase{"edtX0", "abc(", "x₀ cannot be read as a number"},
-                      BadCase{"edtX0", "", "Type a number for x₀"},
-                      BadCase{"edtH", "0", "h must not be 0"},
-                      BadCase{"edtH", "1/0", "h cannot be read as a number"}));
+INSTANTIATE_TEST_SUITE_P(Slope, BadCases,
+                         ::testing::Values(BadCase{"edtFunction", "x^2+y^2=1", "implicit curve has no derivative"},
+                                           BadCase{"edtFunction", "(1,2),(3,4)", "list of points"},
+                                           BadCase{"edtFunction", "", "Type a function of x"},
+                                           BadCase{"edtFunction", "sin(", "cannot be read"},
+                                           BadCase{"edtFunction", "zork(x)", "cannot be read"},
+                                           BadCase{"edtX0", "abc(", "x₀ cannot be read as a number"},
+                                           BadCase{"edtX0", "", "Type a number for x₀"},
+                                           BadCase{"edtH", "0", "h must not be 0"},
+                                           BadCase{"edtH", "1/0", "h cannot be read as a number"}));
 
 TEST(SlopeWindow, LnIsUndefinedAtZero) {
   slope::SlopeWindow window;
@@ -272,6 +292,10 @@ struct ArgumentCase {
   const char* Problem;
 };
 
+void PrintTo(const ArgumentCase& c, std::ostream* os) {
+  *os << Plain(c.Arguments.join(QStringLiteral(" ")).toStdString());
+}
+
 class ArgumentCases : public ::testing::TestWithParam<ArgumentCase> {};
 
 TEST_P(ArgumentCases, ReadTheCommandLine) {
@@ -284,13 +308,14 @@ TEST_P(ArgumentCases, ReadTheCommandLine) {
 
 INSTANTIATE_TEST_SUITE_P(
     Slope, ArgumentCases,
-    ::testing::Values(ArgumentCase{{"bench"}, false, ""}, ArgumentCase{{"bench", "--picture", "a.png"}, true, ""},
-                      ArgumentCase{{"bench", "--picture", "a.png", "--size", "800x600"}, true, ""},
-                      ArgumentCase{{"bench", "--picture"}, false, "--picture needs a value"},
-                      ArgumentCase{{"bench", "--picture", "a.png", "--size", "big"}, false,
-                                   "--size wants WxH, such as 1200x760"},
-                      ArgumentCase{{"bench", "--colour"}, false,
-                                   "unknown argument \"--colour\"; the bench takes --picture FILE [--size WxH]"}));
+    ::testing::Values(
+        ArgumentCase{{"bench"}, false, ""}, ArgumentCase{{"bench", "--picture", "a.png"}, true, ""},
+        ArgumentCase{{"bench", "--picture", "a.png", "--size", "800x600"}, true, ""},
+        ArgumentCase{{"bench", "--picture"}, false, "--picture needs a value"},
+        ArgumentCase{{"bench", "--picture", "a.png", "--size", "big"}, false, "--size wants WxH, such as 1200x760"},
+        ArgumentCase{{"bench", "--colour"},
+                     false,
+                     "unknown argument \"--colour\"; the bench takes --picture FILE [--size WxH]"}));
 
 TEST(SlopePicture, WritesTheWindowAtTheSizeAsked) {
   QTemporaryDir folder;
