@@ -334,9 +334,39 @@ void CurveAnalysis::FindIntervals() {
   }
 }
 
+namespace {
+
+QString PointText(ProbeItem::Kind kind, QPointF at) {
+  switch (kind) {
+    case ProbeItem::Kind::Root: return QStringLiteral("Root: x = ") + CurveAnalysis::Show(at.x());
+    case ProbeItem::Kind::Maximum: return QStringLiteral("Maximum: (%1, %2)").arg(CurveAnalysis::Show(at.x()), CurveAnalysis::Show(at.y()));
+    case ProbeItem::Kind::Minimum: return QStringLiteral("Minimum: (%1, %2)").arg(CurveAnalysis::Show(at.x()), CurveAnalysis::Show(at.y()));
+    default: return QStringLiteral("y-intercept: (0, %1)").arg(CurveAnalysis::Show(at.y()));
+  }
+}
+
+}  // namespace
+
+void CurveAnalysis::MergeNotablePoints(std::vector<ProbeItem>& items, const std::vector<std::pair<ProbeItem::Kind, QPointF>>& points) {
+  for (const auto& [kind, at] : points) {
+    const bool known = std::any_of(items.begin(), items.end(), [&](const ProbeItem& item) {
+      return item.What == kind && std::abs(item.X - at.x()) <= 1e-9 * std::max(1.0, std::abs(at.x()));
+    });
+    if (known) continue;
+    ProbeItem item{kind};
+    item.X = at.x();
+    item.Y = kind == ProbeItem::Kind::Root ? 0.0 : at.y();
+    item.Text = PointText(kind, at);
+    items.push_back(item);
+  }
+  SortItems(items);
+}
+
+void CurveAnalysis::Sort() { SortItems(m_items); }
+
 // Points by kind, then from left to right; the lines and stretches after them.
-void CurveAnalysis::Sort() {
-  std::stable_sort(m_items.begin(), m_items.end(), [](const ProbeItem& a, const ProbeItem& b) {
+void CurveAnalysis::SortItems(std::vector<ProbeItem>& items) {
+  std::stable_sort(items.begin(), items.end(), [](const ProbeItem& a, const ProbeItem& b) {
     // Rising and falling stretches go together, from left to right.
     const auto rank = [](ProbeItem::Kind k) { return k == ProbeItem::Kind::Falling ? static_cast<int>(ProbeItem::Kind::Rising) : static_cast<int>(k); };
     if (rank(a.What) != rank(b.What)) return rank(a.What) < rank(b.What);

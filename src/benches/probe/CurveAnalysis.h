@@ -2,6 +2,7 @@
 
 #include "CurveFunction.h"
 
+#include <QPointF>
 #include <QString>
 #include <QStringList>
 
@@ -46,6 +47,11 @@ public:
   // The table as tab-separated text with a header line, for the clipboard.
   static QString TableText(const std::vector<TableRow>& rows);
 
+  // Adds the plot's exact special points (roots, extrema, the y-intercept) that the analysis
+  // did not find, such as a root the curve only touches where f has no derivative; keeps the
+  // order of the findings.
+  static void MergeNotablePoints(std::vector<ProbeItem>& items, const std::vector<std::pair<ProbeItem::Kind, QPointF>>& points);
+
   // A number as the probe shows it: within a few last digits of a 12-digit one, that one
   // (0.9999999999999999 is 1, while √3 keeps its 15 digits), then the program's format.
   static QString Show(double value);
@@ -66,6 +72,7 @@ private:
   void AddPole(double c);
   void Add(ProbeItem item);
   void Sort();
+  static void SortItems(std::vector<ProbeItem>& items);
 
   const CurveFunction& m_f;
   std::optional<CurveFunction> m_derivative;

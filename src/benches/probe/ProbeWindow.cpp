@@ -2,6 +2,7 @@
 
 #include "core/NumberText.h"
 #include "mathlang/Derivative.h"
+#include "plot2d/NotablePoints.h"
 #include "plot2d/PlotWidget.h"
 
 #include <QApplication>
@@ -196,14 +197,33 @@ void ProbeWindow::Probe() {
   m_xMax = *to;
   const CurveAnalysis analysis(*m_curve, first, second, *from, *to);
   m_items = analysis.Items();
+  FitRange(analysis);
+  DrawScene(-1);
+  AddNotablePoints();
   m_findings->blockSignals(true);
   m_findings->clear();
   for (const ProbeItem& item : m_items) m_findings->addItem(item.Text);
   if (m_items.empty()) m_findings->addItem(tr("Nothing special in this range"));
   m_findings->blockSignals(false);
   ShowTable(analysis.Table(*step));
-  FitRange(analysis);
   DrawScene(-1);
+}
+
+// The plot's own exact special points of the curve (its first), for what the analysis missed.
+void ProbeWindow::AddNotablePoints() {
+  const plot2d::Plot& scene = m_plot->Scene();
+  if (scene.LastDrawing().Curves.empty()) return;
+  std::vector<std::pair<ProbeItem::Kind, QPointF>> points;
+  for (const plot2d::NotablePoint& point : plot2d::FindNotablePoints(scene.LastDrawing(), 0, scene.View())) {
+    switch (point.What) {
+      case plot2d::NotablePoint::Kind::Root: points.emplace_back(ProbeItem::Kind::Root, point.At); break;
+      case plot2d::NotablePoint::Kind::Maximum: points.emplace_back(ProbeItem::Kind::Maximum, point.At); break;
+      case plot2d::NotablePoint::Kind::Minimum: points.emplace_back(ProbeItem::Kind::Minimum, point.At); break;
+      case plot2d::NotablePoint::Kind::YIntercept: points.emplace_back(ProbeItem::Kind::YIntercept, point.At); break;
+      default: break;
+    }
+  }
+  CurveAnalysis::MergeNotablePoints(m_items, points);
 }
 
 void ProbeWindow::ShowTable(const std::vector<TableRow>& rows) {

@@ -65,6 +65,7 @@ private:
   void ShowTable(const std::vector<TableRow>& rows);
   void DrawScene(int marked);
   void FitRange(const CurveAnalysis& analysis);
+  void AddNotablePoints();
 
   core::SharedState m_state;
   script::ScriptControl m_engine;

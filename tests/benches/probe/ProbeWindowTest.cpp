@@ -138,3 +138,36 @@ TEST(ProbeProgram, BadArgumentsAreRefused) {
 }
 
 }  // namespace
+
+namespace {
+
+// The plot's exact special points are the probe's own: merged in, they add nothing to the closed
+// forms' findings.
+TEST_F(ProbeWindowTest, ThePlotsSpecialPointsAgreeWithTheFindings) {
+  struct Expected {
+    const char* Function;
+    const char* From;
+    const char* To;
+    int Count;
+  };
+  for (const Expected& e : {Expected{"x^3-3x", "-3", "3", 10}, Expected{"1/(x-2)", "-10", "10", 6},
+                            Expected{"sqrt(x)", "-4", "9", 4}, Expected{"x^2-4", "-5", "5", 6}}) {
+    Enter(QString::fromLatin1(e.Function), QString::fromLatin1(e.From), QString::fromLatin1(e.To), QStringLiteral("1"));
+    EXPECT_EQ(window.Findings()->count(), e.Count) << e.Function << ": " << FindingTexts().join(u'|').toStdString();
+  }
+}
+
+TEST(CurveAnalysisMerge, APointTheAnalysisMissedIsAddedInOrder) {
+  std::vector<probe::ProbeItem> items(1);
+  items[0].What = probe::ProbeItem::Kind::Root;
+  items[0].X = 1;
+  items[0].Text = QStringLiteral("Root: x = 1");
+  probe::CurveAnalysis::MergeNotablePoints(items, {{probe::ProbeItem::Kind::Root, QPointF(1 + 1e-12, 0)},
+                                                   {probe::ProbeItem::Kind::Root, QPointF(-2, 0)},
+                                                   {probe::ProbeItem::Kind::Minimum, QPointF(0.5, -0.25)}});
+  QStringList texts;
+  for (const auto& item : items) texts << item.Text;
+  EXPECT_EQ(texts, QStringList({QStringLiteral("Root: x = -2"), QStringLiteral("Root: x = 1"), QStringLiteral("Minimum: (0.5, -0.25)")}));
+}
+
+}  // namespace
