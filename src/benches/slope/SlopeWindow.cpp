@@ -412,11 +412,17 @@ void SlopeWindow::ShowNumbers() {
   }
   const double secant = ready ? m_function.SecantSlope(m_x0, m_h) : NAN;
   const double tangent = ready ? m_function.Slope(m_x0) : NAN;
-  m_lblSecant->setText(std::isfinite(secant)
-                           ? tr("Secant slope (f(x₀+h) − f(x₀)) / h = %1").arg(core::FormatNumber(secant))
-                           : tr("Secant slope: f is not defined at both x₀ and x₀+h."));
-  m_lblTangent->setText(std::isfinite(tangent) ? tr("Tangent slope f′(x₀) = %1").arg(core::FormatNumber(tangent))
-                                               : tr("Tangent slope: none at this x₀."));
+  if (!ready) {
+    // The message below says what stands in the way; the slopes only point to it.
+    m_lblSecant->setText(tr("Secant slope: none, see the message below."));
+    m_lblTangent->setText(tr("Tangent slope: none, see the message below."));
+  } else {
+    m_lblSecant->setText(std::isfinite(secant)
+                             ? tr("Secant slope (f(x₀+h) − f(x₀)) / h = %1").arg(core::FormatNumber(secant))
+                             : tr("Secant slope: f is not defined at both x₀ and x₀+h."));
+    m_lblTangent->setText(std::isfinite(tangent) ? tr("Tangent slope f′(x₀) = %1").arg(core::FormatNumber(tangent))
+                                                 : tr("Tangent slope: none at this x₀."));
+  }
   m_lblGap->setText(std::isfinite(secant) && std::isfinite(tangent)
                         ? tr("Secant minus tangent = %1").arg(core::FormatNumber(secant - tangent))
                         : QString());

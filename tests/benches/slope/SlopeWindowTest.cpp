@@ -120,6 +120,7 @@ TEST_P(BadCases, SayWhatIsWrongInWords) {
   const QString message = LabelText(window, "lblMessage");
   EXPECT_TRUE(message.contains(QString::fromUtf8(c.Says))) << message.toStdString();
   EXPECT_TRUE(Child<QLabel>(window, "lblMessage")->isVisible());
+  EXPECT_EQ(LabelText(window, "lblSecant"), QStringLiteral("Secant slope: none, see the message below."));
 }
 
 INSTANTIATE_TEST_SUITE_P(Slope, BadCases,
