@@ -82,6 +82,7 @@ ProbeWindow::ProbeWindow(QWidget* parent) : QWidget(parent) {
   QWidget::setTabOrder(m_findings, m_table);
   QWidget::setTabOrder(m_table, m_copy);
   Probe();
+  m_function->setFocus();
 }
 
 QWidget* ProbeWindow::BuildFields() {
@@ -89,6 +90,7 @@ QWidget* ProbeWindow::BuildFields() {
   auto* row = new QHBoxLayout(box);
   row->setContentsMargins(0, 0, 0, 0);
   const auto field = [&](const QString& label, const QString& name, const QString& text, int width) {
+    if (row->count() > 0) row->addSpacing(10);
     auto* caption = new QLabel(label, box);
     auto* edit = new QLineEdit(text, box);
     edit->setAccessibleName(name);
@@ -236,8 +238,8 @@ void ProbeWindow::ShowTable(const std::vector<TableRow>& rows) {
   }
 }
 
-// y from the curve's values over the range, its steepest tenth on either side left out so that
-// a pole does not flatten the rest; the found points always inside.
+// y from the curve's values over the range, next to a pole its largest fiftieth on either side
+// left out so that the pole does not flatten the rest; the found points always inside.
 void ProbeWindow::FitRange(const CurveAnalysis& analysis) {
   std::vector<double> ys;
   for (int i = 0; i <= 400; ++i) {
@@ -249,7 +251,7 @@ void ProbeWindow::FitRange(const CurveAnalysis& analysis) {
     std::sort(ys.begin(), ys.end());
     const bool poles = std::any_of(analysis.Items().begin(), analysis.Items().end(),
                                    [](const ProbeItem& i) { return i.What == ProbeItem::Kind::VerticalAsymptote; });
-    const std::size_t cut = poles ? ys.size() / 10 : 0;
+    const std::size_t cut = poles ? ys.size() / 50 : 0;
     low = ys[cut];
     high = ys[ys.size() - 1 - cut];
   }
