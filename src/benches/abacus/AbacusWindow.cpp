@@ -1,5 +1,7 @@
 #include "AbacusWindow.h"
 
+#include <algorithm>
+
 #include <QApplication>
 #include <QButtonGroup>
 #include <QClipboard>
@@ -79,6 +81,7 @@ QWidget* AbacusWindow::BuildInput() {
   row->addWidget(m_input, 1);
   row->addWidget(m_evaluate);
   connect(m_input, &QLineEdit::returnPressed, this, &AbacusWindow::Evaluate);
+  m_input->installEventFilter(this);
   connect(m_evaluate, &QPushButton::clicked, this, &AbacusWindow::Evaluate);
   return box;
 }
@@ -125,7 +128,7 @@ QWidget* AbacusWindow::BuildHistory() {
   row->addStretch(1);
   row->addWidget(m_clear);
   column->addLayout(row);
-  auto* hint = new QLabel(tr("ans is the last answer. Enter or a double-click on a line reuses it; Ctrl+C copies it."), group);
+  auto* hint = new QLabel(tr("ans is the last answer. Up and Down in the input, Enter or a double-click on a line reuse it; Ctrl+C copies it."), group);
   hint->setWordWrap(true);
   hint->setStyleSheet(QStringLiteral("color: #555555;"));
   column->addWidget(hint);
@@ -136,6 +139,7 @@ QWidget* AbacusWindow::BuildHistory() {
   connect(m_copy, &QPushButton::clicked, this, &AbacusWindow::CopyCurrent);
   connect(m_clear, &QPushButton::clicked, this, [this] {
     m_history->clear();
+    m_recall = -1;
     UpdateButtons();
   });
   return group;
@@ -164,16 +168,23 @@ void AbacusWindow::ShowAnswer(const QString& expression, const Answer& answer) {
   item->setData(kExpressionRole, expression);
   item->setToolTip(expression + QStringLiteral(" = ") + answer.Text + unit);
   m_history->addItem(item);
+  m_recall = -1;
   m_history->setCurrentItem(item);
   m_history->scrollToItem(item);
   m_input->clear();
   UpdateButtons();
 }
 
-// The history's own keys: Enter reuses the current line, Ctrl+C copies it.
+// The input's Up and Down step through the history, as in a terminal; the history's own keys:
+// Enter reuses the current line, Ctrl+C copies it.
 bool AbacusWindow::eventFilter(QObject* watched, QEvent* event) {
-  if (watched != m_history || event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
+  if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
   auto* key = static_cast<QKeyEvent*>(event);
+  if (watched == m_input && (key->key() == Qt::Key_Up || key->key() == Qt::Key_Down)) {
+    Recall(key->key() == Qt::Key_Up ? -1 : 1);
+    return true;
+  }
+  if (watched != m_history) return QWidget::eventFilter(watched, event);
   if (key->matches(QKeySequence::Copy)) {
     CopyCurrent();
     return true;
@@ -183,6 +194,16 @@ bool AbacusWindow::eventFilter(QObject* watched, QEvent* event) {
     return true;
   }
   return QWidget::eventFilter(watched, event);
+}
+
+void AbacusWindow::Recall(int direction) {
+  const int count = m_history->count();
+  if (count == 0) return;
+  const int current = m_recall < 0 ? count : m_recall;
+  const int row = std::clamp(current + direction, 0, count - 1);
+  m_recall = row;
+  m_history->setCurrentRow(row);
+  m_input->setText(m_history->item(row)->data(kExpressionRole).toString());
 }
 
 void AbacusWindow::UseAgain(QListWidgetItem* item) {

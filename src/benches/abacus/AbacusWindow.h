@@ -48,10 +48,12 @@ private:
   QWidget* BuildHistory();
   void ShowAnswer(const QString& expression, const Answer& answer);
   void UseAgain(QListWidgetItem* item);
+  void Recall(int direction);
   void CopyCurrent();
   void UpdateButtons();
 
   AbacusEngine m_engine;
+  int m_recall = -1;  // the history line that Up and Down last put into the input; -1 past the end
   QLineEdit* m_input = nullptr;
   QPushButton* m_evaluate = nullptr;
   QLabel* m_result = nullptr;

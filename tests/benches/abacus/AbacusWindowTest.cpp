@@ -96,6 +96,20 @@ TEST_F(AbacusWindowTest, ADoubleClickPutsALineBackAndCopyCopiesTheCurrentOne) {
   EXPECT_EQ(copied, QStringLiteral("2^10 = 1024"));
 }
 
+TEST_F(AbacusWindowTest, UpAndDownInTheInputStepThroughTheHistory) {
+  Type(QStringLiteral("1+1"));
+  Type(QStringLiteral("2+2"));
+  Type(QStringLiteral("3+3"));
+  QTest::keyClick(window.Input(), Qt::Key_Up);
+  EXPECT_EQ(window.Input()->text(), QStringLiteral("3+3"));
+  QTest::keyClick(window.Input(), Qt::Key_Up);
+  QTest::keyClick(window.Input(), Qt::Key_Up);
+  QTest::keyClick(window.Input(), Qt::Key_Up);
+  EXPECT_EQ(window.Input()->text(), QStringLiteral("1+1"));
+  QTest::keyClick(window.Input(), Qt::Key_Down);
+  EXPECT_EQ(window.Input()->text(), QStringLiteral("2+2"));
+}
+
 TEST_F(AbacusWindowTest, EveryControlHasAName) {
   for (QWidget* child : window.findChildren<QWidget*>()) {
     if (child->focusPolicy() == Qt::NoFocus || qobject_cast<QLabel*>(child)) continue;
