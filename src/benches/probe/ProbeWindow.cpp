@@ -92,6 +92,8 @@ QWidget* ProbeWindow::BuildFields() {
   const auto field = [&](const QString& label, const QString& name, const QString& text, int width) {
     if (row->count() > 0) row->addSpacing(10);
     auto* caption = new QLabel(label, box);
+    // The text's own width and a little more: squeezed, a short caption lost its last letter.
+    caption->setMinimumWidth(caption->sizeHint().width() + 4);
     auto* edit = new QLineEdit(text, box);
     edit->setAccessibleName(name);
     caption->setBuddy(edit);
