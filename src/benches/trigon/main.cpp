@@ -65,6 +65,7 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName(QStringLiteral("Trigon Bench"));
   trigon::TrigonWindow window;
   if (picture) return SavePicture(window, request);
+  window.resize(1100, 700);
   window.show();
   return QApplication::exec();
 }

@@ -166,6 +166,29 @@ TEST_F(AreaWindowTest, AnImproperIntegralWithASampleOnThePole) {
   EXPECT_TRUE(window->Sum().has_value());
 }
 
+TEST_F(AreaWindowTest, StrangeTextsInEveryFieldNeverCrash) {
+  const QString texts[] = {QStringLiteral("x^1e308"), QStringLiteral("1e308*x*x"), QStringLiteral("fact(1000)"),
+                           QStringLiteral("(((((((x)))))))"), QString(500, u'('), QStringLiteral("π"),
+                           QStringLiteral("\u00E9\u4E2D"), QStringLiteral("1e-300"), QStringLiteral("-1e12"),
+                           QStringLiteral("0/0"), QStringLiteral("x x x")};
+  for (QLineEdit* field : {window->FunctionField(), window->FromField(), window->ToField()}) {
+    for (const QString& text : texts) {
+      SCOPED_TRACE(text.left(20).toStdString());
+      Enter(field, text);
+      EXPECT_FALSE(window->Message()->text().isEmpty());
+      window->CountBox()->setValue(999);
+      Choose(Rule::Simpson);
+      window->CountBox()->setValue(3);
+      Choose(Rule::Midpoint);
+      QApplication::processEvents();
+    }
+    Enter(window->FunctionField(), QStringLiteral("x^2"));
+    Enter(window->FromField(), QStringLiteral("0"));
+    Enter(window->ToField(), QStringLiteral("1"));
+    EXPECT_FALSE(Problem());
+  }
+}
+
 TEST_F(AreaWindowTest, EveryControlIsNamedAndReachable) {
   EXPECT_FALSE(window->windowTitle().isEmpty());
   EXPECT_GE(window->minimumWidth(), 800);

@@ -87,6 +87,23 @@ TEST_F(TrigonWindowTest, BadTextSaysSoInWordsAndKeepsTheAngle) {
   EXPECT_FALSE(window->Message()->styleSheet().contains(u"#b00020"));
 }
 
+TEST_F(TrigonWindowTest, StrangeTextsNeverCrash) {
+  const QString texts[] = {QString(500, u'('), QStringLiteral("1e308*1e308"), QStringLiteral("fact(1000)"),
+                           QStringLiteral("\u00E9\u4E2D"), QStringLiteral("pi pi"), QStringLiteral("1e-300"),
+                           QStringLiteral("-0"), QStringLiteral("0/0"), QStringLiteral("°°"), QStringLiteral("radrad")};
+  for (int unit : {0, 1}) {
+    window->UnitBox()->setCurrentIndex(unit);
+    for (const QString& text : texts) {
+      SCOPED_TRACE(text.left(20).toStdString());
+      Type(text);
+      EXPECT_FALSE(window->Message()->text().isEmpty());
+      const double angle = window->Circle()->Angle();
+      EXPECT_TRUE(angle >= 0 && angle < 360);
+      QApplication::processEvents();
+    }
+  }
+}
+
 TEST_F(TrigonWindowTest, TanAtNinetyIsUndefined) {
   for (double degrees : {90.0, 270.0}) {
     window->Circle()->SetAngle(degrees);
