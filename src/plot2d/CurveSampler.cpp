@@ -16,6 +16,11 @@ constexpr int kMaxRounds = 64;
 // further; if the curve still jumps across it, that is a jump, not a steep piece.
 constexpr double kFinestSplit = 1.0 / (1ull << 40);
 constexpr double kJumpPixels = 2.0;
+// Points a curve may take, as a multiple of its first samples. Near an endless wiggle (sin(1/x)
+// at 0) the splitting would otherwise go on for tens of seconds and gigabytes; at this many the
+// picture is a solid band there already, and the window stays responsive.
+constexpr std::size_t kPointsPerSample = 256;
+constexpr std::size_t kLeastBudget = 1 << 16;
 
 double Distance(double ax, double ay, double bx, double by) {
   const double dx = bx - ax;
@@ -172,7 +177,9 @@ SampledCurve CurveSampler::Sample(double from, double to, int initialSamples) co
 
   std::vector<double> middles;
   std::vector<Point> midpoints;
+  const std::size_t budget = std::max(kLeastBudget, kPointsPerSample * static_cast<std::size_t>(count));
   for (int round = 0; round < kMaxRounds && !open.empty(); ++round) {
+    if (points.size() + open.size() > budget) break;
     middles.clear();
     for (const Interval& interval : open) middles.push_back((interval.A.S + interval.B.S) / 2);
     Evaluate(middles, midpoints);

@@ -192,3 +192,17 @@ TEST(ImplicitTracer, ThePiecesOfABatmanEquationComeOutWhole) {
     EXPECT_LT(nearest, 0.05) << landmark.x() << "," << landmark.y();
   }
 }
+
+// An endless wiggle takes a bounded number of points, so that the drawing ends at once; the curve
+// is still drawn on both sides of it.
+TEST(Sampler, AnEndlessWiggleTakesABoundedNumberOfPoints) {
+  for (const char* text : {"y=sin(1/x)", "y=x*sin(1/x)", "y=cos(1/(x-1))"}) {
+    const Explicit curve(text);
+    const ViewTransform view(-10, 10, -10, 10, QSize(1280, 800));
+    const SampledCurve sampled = curve.Sample(view);
+    qsizetype points = 0;
+    for (const QPolygonF& piece : sampled.Pieces) points += piece.size();
+    EXPECT_GT(points, 1000) << text;
+    EXPECT_LE(points, 256 * CurveSampler::SamplesFor(view.Width(), 100) + 1) << text;
+  }
+}
