@@ -55,7 +55,12 @@ QLabel* frmContactUS::AddLink(const char* name, const QString& text, const QStri
   link->setCursor(Qt::PointingHandCursor);
   // What a label shows and the page it opens are two values.
   connect(link, &QLabel::linkActivated, this,
-          [this](const QString& address) { m_desktop.OpenAddress(platform::DataFile(QStringLiteral("pages/") + address)); });
+          [this](const QString& address) {
+            const QString page = platform::DataFile(QStringLiteral("pages/") + address);
+            // In the program's own window where there is one: it needs no browser.
+            if (ShowPage) ShowPage(page);
+            else m_desktop.OpenAddress(page);
+          });
   m_content->layout()->addWidget(link);
   return link;
 }

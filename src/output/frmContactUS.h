@@ -6,6 +6,8 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <functional>
+
 namespace output {
 
 // How to reach the people who make the program: three links over a picture. It grows open from
@@ -15,6 +17,9 @@ class frmContactUS : public QWidget {
 
 public:
   explicit frmContactUS(platform::Desktop& desktop, QWidget* parent = nullptr);
+
+  // Opens a page of the program by its path; the desktop's browser when not given.
+  std::function<void(const QString&)> ShowPage;
 
   QLabel* Link(const QString& name) const;
   // One tick of the growing: wider by 300 twips below 4900, higher by 250 below 4500, centred.

@@ -323,6 +323,7 @@ void frmMain::CreateFileMenu() {
 void frmMain::ShowContact() {
   delete m_contact.data();
   m_contact = new output::frmContactUS(m_services.Desktop, this);
+  m_contact->ShowPage = [this](const QString& page) { ShowHelp(page); };
   m_contact->show();
   m_contact->raise();
   m_contact->activateWindow();

@@ -21,6 +21,7 @@
 #include "help/HelpWindow.h"
 
 #include <QFileInfo>
+#include <QLabel>
 #include <QTextBrowser>
 
 #include "FakeDesktop.h"
@@ -528,6 +529,23 @@ TEST(Commands, EachToolStartsItsProgramBesideTheProgram) {
     EXPECT_EQ(w.desktop.started[0].first, QCoreApplication::applicationDirPath() + "/" + program);
     EXPECT_TRUE(w.boxes.boxes.empty());
   }
+}
+
+// The contact form's links open the program's pages in the manual's window, with no browser.
+TEST(Commands, TheContactFormsLinksOpenInTheProgram) {
+  Window w;
+  w->ShowContact();
+  ASSERT_NE(w->Contact(), nullptr);
+  QLabel* link = nullptr;
+  for (QLabel* label : w->Contact()->findChildren<QLabel*>()) {
+    if (label->text().startsWith("<a href=")) link = label;
+  }
+  ASSERT_NE(link, nullptr);
+  const QString page = link->text().section('"', 1, 1);
+  emit link->linkActivated(page);
+  ASSERT_NE(w->Help(), nullptr);
+  EXPECT_EQ(QFileInfo(w->Help()->Browser()->source().toLocalFile()).fileName(), page);
+  EXPECT_TRUE(w.desktop.opened.empty());
 }
 
 TEST(Commands, AnIdWithoutACommandIsComingSoon) {
