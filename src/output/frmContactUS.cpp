@@ -56,10 +56,10 @@ QLabel* frmContactUS::AddLink(const char* name, const QString& text, const QStri
   // What a label shows and the page it opens are two values.
   connect(link, &QLabel::linkActivated, this,
           [this](const QString& address) {
-            const QString page = platform::DataFile(QStringLiteral("pages/") + address);
+            const QString path = platform::DataFile(QStringLiteral("pages/") + address);
             // In the program's own window where there is one: it needs no browser.
-            if (ShowPage) ShowPage(page);
-            else m_desktop.OpenAddress(page);
+            if (ShowPage) ShowPage(path);
+            else m_desktop.OpenAddress(path);
           });
   m_content->layout()->addWidget(link);
   return link;

@@ -72,7 +72,7 @@ TEST(HelpWindow, AChapterWithItsTitleAndItsPlaceInTheContents) {
   EXPECT_EQ(w.help.Contents()->currentItem()->text(), "Rows and what you can type");
   EXPECT_FALSE(w.help.Browser()->toPlainText().isEmpty());
   // A click in the contents opens that chapter.
-  w.help.Contents()->setCurrentRow(w.help.Index().Chapters().size() - 1);
+  w.help.Contents()->setCurrentRow(static_cast<int>(w.help.Index().Chapters().size()) - 1);
   EXPECT_EQ(w.Page(), w.help.Index().Chapters().back().File);
   EXPECT_TRUE(w.boxes.boxes.empty());
 }

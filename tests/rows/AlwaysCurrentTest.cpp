@@ -147,7 +147,7 @@ TEST_P(EveryInput, RedrawsWithoutReplot) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Redrawing, EveryInput, ::testing::ValuesIn(Cases()),
-                         [](const ::testing::TestParamInfo<InputCase>& info) { return std::string(info.param.Name); });
+                         [](const ::testing::TestParamInfo<InputCase>& input) { return std::string(input.param.Name); });
 
 TEST(Redrawing, TypingWaitsForAPauseAndDrawsOnce) {
   Window w;
@@ -169,7 +169,7 @@ TEST(Redrawing, WhatARowDrewAlreadyIsNotDrawnAgain) {
   w->Replot(true);
   QSignalSpy replotted(w.form.get(), &rows::frmMain::Replotted);
   w.Fill({"y=2x"});
-  const int drawn = replotted.count();
+  const qsizetype drawn = replotted.count();
   EXPECT_GE(drawn, 1);
   QTest::qWait(2 * rows::AutoReplot::kTypingPauseMs);
   EXPECT_EQ(replotted.count(), drawn);
