@@ -59,7 +59,7 @@ pageInfo::pageInfo(platform::Desktop& desktop, QWidget* parent) : QWidget(parent
           &QPushButton::clicked, this, open("about.html"));
   connect(AddButton("btnTutorial", tr("Tutorial"), tr("The first steps, one at a time"), "applications-education"),
           &QPushButton::clicked, this, open("tutorial.html"));
-  connect(AddButton("btnWebSite", tr("Manual"), tr("Everything, in the user's manual"), "application-pdf"),
+  connect(AddButton("btnWebSite", tr("Manual"), tr("Everything, in the user's manual"), "help-contents"),
           &QPushButton::clicked, this, [this] { Show(QStringLiteral("index.html")); });
   connect(AddButton("btnFacebook", tr("Community"), tr("Where users and makers meet"), "system-users"),
           &QPushButton::clicked, this, open("contact.html"));
