@@ -1,74 +1,25 @@
-// quillograph-area-bench: the Riemann sums bench. With --picture FILE [--size WxH] it lays its
-// window out off screen with sin(x) over [0, pi] by the midpoint rule, saves it to FILE and exits, for the manual.
+// quillograph-area-bench: Riemann sums. With --picture FILE [--size WxH] it saves
+// its window in a typical state, for the manual.
 #include "AreaWindow.h"
+#include "benches/common/BenchProgram.h"
 
-#include <QApplication>
 #include <QLineEdit>
 #include <QSpinBox>
-#include <QPixmap>
-
-#include <cstdio>
-#include <cstring>
 
 namespace {
 
-struct PictureRequest {
-  QString File;
-  QSize Size{1150, 720};
-};
-
-// Reads --picture FILE and --size WxH from the raw arguments, before the application exists,
-// because a picture is made off screen.
-bool ReadPictureRequest(int argc, char** argv, PictureRequest& request, bool& wanted) {
-  for (int i = 1; i < argc; ++i) {
-    const bool last = i + 1 >= argc;
-    if (std::strcmp(argv[i], "--picture") == 0 && !last) {
-      request.File = QString::fromLocal8Bit(argv[++i]);
-      wanted = true;
-    } else if (std::strcmp(argv[i], "--size") == 0 && !last) {
-      const QStringList parts = QString::fromLocal8Bit(argv[++i]).split(u'x');
-      bool w = false, h = false;
-      if (parts.size() == 2) request.Size = QSize(parts[0].toInt(&w), parts[1].toInt(&h));
-      if (!w || !h || request.Size.width() < 1 || request.Size.height() < 1) {
-        std::fprintf(stderr, "quillograph-area-bench: --size wants WIDTHxHEIGHT, such as 1150x720\n");
-        return false;
-      }
-    } else {
-      std::fprintf(stderr, "quillograph-area-bench: unknown argument %s (it takes --picture FILE [--size WxH])\n",
-                   argv[i]);
-      return false;
-    }
-  }
-  return true;
-}
-
-int SavePicture(area::AreaWindow& window, const PictureRequest& request) {
-  window.resize(request.Size.expandedTo(window.minimumSize()));
-  window.show();
-  window.FunctionField()->setText(QStringLiteral("sin(x)"));
-  window.ToField()->setText(QStringLiteral("pi"));
-  window.ApplyInputs();
-  window.CountBox()->setValue(8);
-  QApplication::processEvents();
-  if (!window.grab().save(request.File)) {
-    std::fprintf(stderr, "quillograph-area-bench: cannot write %s\n", qPrintable(request.File));
-    return 1;
-  }
-  return 0;
+benches::BenchProgram AreaProgram() {
+  const auto stage = [](QWidget& widget) {
+    // sin(x) over [0, pi] by the midpoint rule with eight strips.
+    auto& window = static_cast<area::AreaWindow&>(widget);
+    window.FunctionField()->setText(QStringLiteral("sin(x)"));
+    window.ToField()->setText(QStringLiteral("pi"));
+    window.ApplyInputs();
+    window.CountBox()->setValue(8);
+  };
+  return {QStringLiteral("quillograph-area-bench"), QSize(1150, 720), [] { return std::make_unique<area::AreaWindow>(); }, stage};
 }
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  PictureRequest request;
-  bool picture = false;
-  if (!ReadPictureRequest(argc, argv, request, picture)) return 2;
-  if (picture) qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
-  QApplication::setApplicationName(QStringLiteral("Area Bench"));
-  area::AreaWindow window;
-  if (picture) return SavePicture(window, request);
-  window.resize(1150, 720);
-  window.show();
-  return QApplication::exec();
-}
+int main(int argc, char** argv) { return benches::BenchMain(argc, argv, QStringLiteral("Area Bench"), AreaProgram); }

@@ -1,17 +1,12 @@
 #pragma once
 
-#include <QSize>
-#include <QString>
-#include <QStringList>
+#include "benches/common/BenchProgram.h"
 
 namespace probe {
 
-// The window in a typical state (x^3-3x with a finding marked), laid out offscreen at size and
-// grabbed into file: the manual's picture. Returns whether the file was written.
-bool SaveProbePicture(const QString& file, QSize size);
-
-// The program: with no arguments the window, until it is closed; with "--picture FILE" and an
-// optional "--size WxH" the picture alone. Returns the exit code; messages go to standard error.
+// The probe as a program; its picture is x^3-3x with its maximum marked.
+benches::BenchProgram ProbeProgram();
+// The program's arguments after its name; the exit code.
 int RunProbe(const QStringList& arguments);
 
 }  // namespace probe

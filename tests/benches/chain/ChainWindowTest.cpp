@@ -1,4 +1,4 @@
-#include "benches/chain/ChainPicture.h"
+#include "benches/chain/ChainProgram.h"
 #include "benches/chain/ChainWindow.h"
 
 #include "plot2d/PlotWidget.h"
@@ -147,18 +147,18 @@ TEST(ChainWindow, EveryControlHasANameAndTheWindowATitle) {
 
 TEST(ChainPicture, WritesTheWindowAtTheSizeAsked) {
   QTemporaryDir folder;
-  chain::ChainPicture::Request request{folder.filePath(QStringLiteral("chain.png")), QSize(1100, 720)};
-  EXPECT_EQ(chain::ChainPicture::Write(request), QString());
+  benches::PictureRequest request{folder.filePath(QStringLiteral("chain.png")), QSize(1100, 720)};
+  EXPECT_EQ(benches::WritePicture(chain::ChainProgram(), request), QString());
   const QImage picture(request.File);
   ASSERT_FALSE(picture.isNull());
   EXPECT_EQ(picture.size() / picture.devicePixelRatio(), QSize(1100, 720));
   request.File = folder.filePath(QStringLiteral("missing/folder/chain.png"));
-  EXPECT_TRUE(chain::ChainPicture::Write(request).startsWith(QStringLiteral("cannot write")));
+  EXPECT_TRUE(benches::WritePicture(chain::ChainProgram(), request).startsWith(QStringLiteral("cannot write")));
   QString problem;
-  EXPECT_FALSE(chain::ChainPicture::Read({"bench"}, problem).has_value());
+  EXPECT_FALSE(benches::ReadPictureRequest({}, QSize(1280, 820), problem).has_value());
   EXPECT_TRUE(problem.isEmpty());
-  EXPECT_TRUE(chain::ChainPicture::Read({"bench", "--picture", "a.png", "--size", "900x600"}, problem).has_value());
-  EXPECT_FALSE(chain::ChainPicture::Read({"bench", "--size", "0x0"}, problem).has_value());
+  EXPECT_TRUE(benches::ReadPictureRequest({"--picture", "a.png", "--size", "900x600"}, QSize(1280, 820), problem).has_value());
+  EXPECT_FALSE(benches::ReadPictureRequest({"--size", "0x0"}, QSize(1280, 820), problem).has_value());
   EXPECT_EQ(problem, QStringLiteral("--size wants WxH, such as 1280x820"));
 }
 

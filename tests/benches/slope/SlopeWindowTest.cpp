@@ -1,4 +1,4 @@
-#include "benches/slope/SlopePicture.h"
+#include "benches/slope/SlopeProgram.h"
 #include "benches/slope/SlopeWindow.h"
 
 #include "WaitUntil.h"
@@ -302,7 +302,7 @@ class ArgumentCases : public ::testing::TestWithParam<ArgumentCase> {};
 TEST_P(ArgumentCases, ReadTheCommandLine) {
   const ArgumentCase& c = GetParam();
   QString problem;
-  const auto request = slope::SlopePicture::Read(c.Arguments, problem);
+  const auto request = benches::ReadPictureRequest(c.Arguments.mid(1), QSize(1200, 760), problem);
   EXPECT_EQ(request.has_value(), c.Wanted);
   EXPECT_EQ(problem, QString::fromUtf8(c.Problem));
 }
@@ -320,13 +320,13 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(SlopePicture, WritesTheWindowAtTheSizeAsked) {
   QTemporaryDir folder;
-  slope::SlopePicture::Request request{folder.filePath(QStringLiteral("slope.png")), QSize(1000, 700)};
-  EXPECT_EQ(slope::SlopePicture::Write(request), QString());
+  benches::PictureRequest request{folder.filePath(QStringLiteral("slope.png")), QSize(1000, 700)};
+  EXPECT_EQ(benches::WritePicture(slope::SlopeProgram(), request), QString());
   const QImage picture(request.File);
   ASSERT_FALSE(picture.isNull());
   EXPECT_EQ(picture.size() / picture.devicePixelRatio(), QSize(1000, 700));
   request.File = folder.filePath(QStringLiteral("missing/folder/slope.png"));
-  EXPECT_TRUE(slope::SlopePicture::Write(request).startsWith(QStringLiteral("cannot write")));
+  EXPECT_TRUE(benches::WritePicture(slope::SlopeProgram(), request).startsWith(QStringLiteral("cannot write")));
 }
 
 }  // namespace
