@@ -1,6 +1,8 @@
 #pragma once
 
-// The loops themselves; included by the two kernel files, each built for its processor.
+// The loops themselves; included by the two kernel files, each built for its processor. They
+// live in an unnamed namespace: with external linkage the linker would keep one copy of each
+// inline function for both files, and the AVX2 table would run the baseline loops.
 #include "ElementKernels.h"
 
 #include <algorithm>
@@ -8,6 +10,7 @@
 #include <limits>
 
 namespace mathlang::kernels {
+namespace {
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
@@ -83,6 +86,7 @@ inline void CleanAll(double* values, std::size_t n) {
   for (std::size_t i = 0; i < n; ++i) values[i] = Clean(values[i]);
 }
 
-inline constexpr ElementKernels kTable{Binary, PowerBy, Simple, Scale, CleanAll};
+constexpr ElementKernels kTable{Binary, PowerBy, Simple, Scale, CleanAll};
 
+}  // namespace
 }  // namespace mathlang::kernels
