@@ -10,6 +10,8 @@ struct SurfaceRanges {
   double XMin = -5, XMax = 5, YMin = -5, YMax = 5, ZMin = -5, ZMax = 5;
   double ThetaMin = 0, ThetaMax = 6.283185307179586, PhiMin = 0, PhiMax = 3.141592653589793;
   double UMin = -5, UMax = 5, VMin = -5, VMax = 5;
+
+  friend bool operator==(const SurfaceRanges&, const SurfaceRanges&) = default;
 };
 
 // Steps per side of the grid for GridCount 1 to 6 (outside that, the nearest of them).

@@ -49,6 +49,7 @@ void Plot3D::Redraw() {
   } else {
     MeshOnGrid(source, m_ranges, GridSteps(m_gridCount), m_mesh);
   }
+  m_renderer.MeshChanged();  // a new mesh in the old one's memory
   if (Cancelled && Cancelled()) {
     m_mesh.Clear();
     return;

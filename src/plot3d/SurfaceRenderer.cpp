@@ -27,22 +27,41 @@ QRgb SurfaceRenderer::HeightColor(double level) {
   return QColor::fromHsvF(static_cast<float>((1 - clamped) * 240 / 360), 0.75f, 1.0f).rgb();
 }
 
-void SurfaceRenderer::Shade(const Mesh& mesh, const SurfaceRanges& box, const Camera& camera, QSize size) {
-  const Vec3 light = Normalized(Vec3{-0.4, 0.5, 1});  // in view space: from the upper left, in front
+// What a picture of the mesh needs that no turn or zoom changes, worked out once per mesh.
+void SurfaceRenderer::Prepare(const Mesh& mesh, const SurfaceRanges& box) {
+  const Prepared key{&mesh, mesh.Positions.data(), mesh.Positions.size(), box};
+  if (m_prepared == key) return;
   // The colour scale spans the surface's own heights, so that a low wave in a tall box still shows
   // its hills and valleys; a level surface takes the middle colour.
   double low = INFINITY, high = -INFINITY;
   for (const Vec3& p : mesh.Positions) {
     if (std::isfinite(p.Z)) low = std::min(low, p.Z), high = std::max(high, p.Z);
   }
+  const std::size_t count = mesh.Positions.size();
+  m_cube.resize(count);
+  m_colours.resize(count);
+  constexpr std::size_t kChunk = 8192;
+  render::ParallelFor((count + kChunk - 1) / kChunk, [&](std::size_t chunk) {
+    for (std::size_t i = chunk * kChunk; i < std::min(count, (chunk + 1) * kChunk); ++i) {
+      const Vec3 p = mesh.Positions[i];
+      m_cube[i] = Camera::ToCube(p, box);
+      m_colours[i] = HeightColor(high > low ? (p.Z - low) / (high - low) : 0.5);
+    }
+  });
+  m_prepared = key;
+}
+
+void SurfaceRenderer::Shade(const Mesh& mesh, const SurfaceRanges& box, const Camera& camera, QSize size) {
+  Prepare(mesh, box);
+  const Vec3 light = Normalized(Vec3{-0.4, 0.5, 1});  // in view space: from the upper left, in front
+  const Camera::Projection project = camera.Projecting(size);
   m_vertices.resize(mesh.Positions.size());
   const auto shade = [&](std::size_t i) {
-    const Vec3 p = mesh.Positions[i];
-    const Camera::Projected s = camera.Project(p, box, size);
-    const Vec3 n = i < mesh.Normals.size() ? camera.ToView(mesh.Normals[i]) : Vec3{0, 0, 1};
+    const Camera::Projected s = project(m_cube[i]);
+    const Vec3 n = i < mesh.Normals.size() ? project.Turned(mesh.Normals[i]) : Vec3{0, 0, 1};
     // Both sides lit alike: the surface has no inside.
     const float brightness = kAmbient + kDiffuse * static_cast<float>(std::abs(Dot(Normalized(n), light)));
-    const QRgb c = HeightColor(high > low ? (p.Z - low) / (high - low) : 0.5);
+    const QRgb c = m_colours[i];
     m_vertices[i] = {static_cast<float>(s.X), static_cast<float>(s.Y), static_cast<float>(s.Depth),
                      static_cast<float>(qRed(c)) * brightness, static_cast<float>(qGreen(c)) * brightness,
                      static_cast<float>(qBlue(c)) * brightness};
@@ -53,6 +72,30 @@ void SurfaceRenderer::Shade(const Mesh& mesh, const SurfaceRanges& box, const Ca
   render::ParallelFor((count + kChunk - 1) / kChunk, [&](std::size_t chunk) {
     for (std::size_t i = chunk * kChunk; i < std::min(count, (chunk + 1) * kChunk); ++i) shade(i);
   });
+}
+
+// Bands with alike shares of the mesh's points, so that the cores finish together whatever part
+// of the picture the surface fills.
+std::vector<int> SurfaceRenderer::BandStarts(int rows, int bands) const {
+  std::vector<std::size_t> perRow(static_cast<std::size_t>(rows), 0);
+  std::size_t total = 0;
+  for (const ScreenVertex& v : m_vertices) {
+    if (v.Y >= 0 && v.Y < static_cast<float>(rows)) ++perRow[static_cast<std::size_t>(v.Y)], ++total;
+  }
+  std::vector<int> starts{0};
+  std::size_t above = 0;
+  int row = 0;
+  for (int b = 1; b < bands; ++b) {
+    if (total == 0) {
+      starts.push_back(b * rows / bands);
+      continue;
+    }
+    const std::size_t share = total * static_cast<std::size_t>(b) / static_cast<std::size_t>(bands);
+    while (row < rows && above < share) above += perRow[static_cast<std::size_t>(row++)];
+    starts.push_back(row);
+  }
+  starts.push_back(rows);
+  return starts;
 }
 
 // One triangle by its edge functions over its bounding box, pixel centres inside (or on a top or
@@ -249,16 +292,18 @@ void SurfaceRenderer::Render(const Mesh& mesh, const SurfaceRanges& box, const C
     image = image.convertToFormat(QImage::Format_RGB32);
   }
   image.fill(options.Background);
-  m_depth.assign(static_cast<std::size_t>(image.width()) * static_cast<std::size_t>(image.height()),
-                 -std::numeric_limits<float>::infinity());
+  const int width = image.width(), rows = image.height();
+  m_depth.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(rows));
   Shade(mesh, box, camera, image.size());
-  // In bands of rows, shared among the cores: each band takes every triangle that reaches it.
-  constexpr int kBands = 8;
+  // In bands of rows, one per core: each band takes every triangle that reaches it, in the mesh's
+  // order, so that each pixel sees the same triangles in the same order as in one band.
+  const std::vector<int> starts = BandStarts(rows, std::max(1, options.Bands));
   uchar* bits = image.bits();  // detached once, here, before the threads write
-  const int rows = image.height();
-  render::ParallelFor(kBands, [&](std::size_t b) {
-    const int first = static_cast<int>(b) * rows / kBands, last = (static_cast<int>(b) + 1) * rows / kBands - 1;
-    const Band band{bits, image.bytesPerLine(), image.width(), first, last};
+  render::ParallelFor(starts.size() - 1, [&](std::size_t b) {
+    const Band band{bits, image.bytesPerLine(), width, starts[b], starts[b + 1] - 1};
+    if (band.first > band.last) return;
+    std::fill(m_depth.begin() + static_cast<std::ptrdiff_t>(band.first) * width,
+              m_depth.begin() + static_cast<std::ptrdiff_t>(band.last + 1) * width, -std::numeric_limits<float>::infinity());
     for (const auto& t : mesh.Triangles) Fill(m_vertices[t[0]], m_vertices[t[1]], m_vertices[t[2]], band);
   });
   if (options.MeshLines) DrawMeshLines(mesh, image);

@@ -11,6 +11,7 @@
 #include <QString>
 #include <QPainter>
 
+#include <optional>
 #include <vector>
 
 namespace plot3d {
@@ -43,8 +44,14 @@ public:
     // The picture's pixels per pixel of the screen (the device pixel ratio): lines, numbers and
     // their spacing keep their size on the screen, and stay sharp on a dense one.
     double Scale = 1;
+    // The rows of the picture are filled in this many bands side by side, one per core: the
+    // picture is the same for any number.
+    int Bands = 2;
   };
 
+  // Render keeps what a picture of a mesh needs that does not depend on the camera (its points
+  // in the cube, their colours) for the next picture of the same mesh, as a turn draws it. A mesh
+  // changed in place, in the same memory, between two pictures must be announced by MeshChanged.
   void Render(const Mesh& mesh, const SurfaceRanges& box, const Camera& camera, QImage& image, const Options& options);
   void Render(const Mesh& mesh, const SurfaceRanges& box, const Camera& camera, QImage& image) {
     Render(mesh, box, camera, image, Options{});
@@ -53,12 +60,25 @@ public:
   // The colour for a height, 0 the surface's lowest and 1 its highest.
   static QRgb HeightColor(double level);
 
+  void MeshChanged() { m_prepared.reset(); }
+
 private:
   struct ScreenVertex {
     float X, Y, Depth;
     float R, G, B;
   };
+  // The mesh whose points and colours are kept, as far as can be told without looking at them.
+  struct Prepared {
+    const Mesh* Of;
+    const Vec3* Positions;
+    std::size_t Count;
+    SurfaceRanges Box;
+    friend bool operator==(const Prepared&, const Prepared&) = default;
+  };
+  void Prepare(const Mesh& mesh, const SurfaceRanges& box);
   void Shade(const Mesh& mesh, const SurfaceRanges& box, const Camera& camera, QSize size);
+  // The first row of each band and, last, the number of rows.
+  std::vector<int> BandStarts(int rows, int bands) const;
   // The rows first to last of the picture (pixels from bits, lines of stride bytes) that a
   // thread fills, with the depth buffer's rows beside them.
   struct Band {
@@ -75,6 +95,9 @@ private:
 
   std::vector<ScreenVertex> m_vertices;  // kept between pictures, as the depths are
   std::vector<float> m_depth;
+  std::optional<Prepared> m_prepared;
+  std::vector<Vec3> m_cube;      // the mesh's points in the cube [-1, 1]^3
+  std::vector<QRgb> m_colours;   // their colours by height
 };
 
 }  // namespace plot3d

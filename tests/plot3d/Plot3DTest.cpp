@@ -88,6 +88,21 @@ TEST(Plot3D, RefreshRendersTheKeptMeshAgain) {
   EXPECT_EQ(plot.Picture().size(), QSize(300, 300));
 }
 
+// A new surface in the kept mesh's memory is drawn as itself, turned as a fresh plot draws it.
+TEST(Plot3D, ARedrawnSurfaceIsDrawnAsAFreshPlotDrawsIt) {
+  Plot3D plot = Drawn("sin(x)*cos(y)", 1);
+  plot.View().Azimuth += 0.5;
+  plot.Refresh();
+  plot.SetEquation("cos(x)*sin(y)");
+  plot.Redraw();
+  plot.View().Azimuth += 0.5;
+  plot.Refresh();
+  Plot3D fresh = Drawn("cos(x)*sin(y)", 1);
+  fresh.View().Azimuth += 1;
+  fresh.Refresh();
+  EXPECT_EQ(plot.Picture(), fresh.Picture());
+}
+
 TEST(Plot3D, SavePictureWritesTheKindsFormat) {
   QTemporaryDir dir;
   Plot3D plot = Drawn("x^2-y^2", 1);

@@ -1,3 +1,4 @@
+#include "plot3d/IsoMesher.h"
 #include "plot3d/SurfaceRenderer.h"
 
 #include <gtest/gtest.h>
@@ -150,5 +151,90 @@ TEST(SurfaceRenderer, AxisLabelsFollowTheScreensDensity) {
       EXPECT_NEAR(dense[i].Rect.height() / ratio, flat[i].Rect.height(), 2) << ratio;
       for (std::size_t j = 0; j < i; ++j) EXPECT_FALSE(dense[i].Rect.intersects(dense[j].Rect)) << ratio;
     }
+  }
+}
+
+namespace {
+
+// The heart, small enough for a test, and a camera that sees it from the side and above.
+Mesh Heart(SurfaceRanges& box) {
+  box.XMin = box.YMin = box.ZMin = -1.5, box.XMax = box.YMax = box.ZMax = 1.5;
+  return MeshImplicit(SurfaceSource::Compile("(x^2+9/4*y^2+z^2-1)^3-x^2*z^3-9/80*y^2*z^3=0", 4), box, 40);
+}
+
+QImage Rendered(SurfaceRenderer& renderer, const Mesh& mesh, const SurfaceRanges& box, const Camera& camera, int bands) {
+  QImage image(320, 240, QImage::Format_RGB32);
+  SurfaceRenderer::Options options;
+  options.MeshLines = true;
+  options.Bands = bands;
+  renderer.Render(mesh, box, camera, image, options);
+  return image;
+}
+
+}  // namespace
+
+// The bands of rows the cores fill side by side meet without a seam: any number of them gives
+// the picture of one, pixel for pixel.
+TEST(SurfaceRenderer, BandsOfRowsDrawTheSamePictureAsOne) {
+  SurfaceRanges box;
+  const Mesh heart = Heart(box);
+  for (const double azimuth : {-0.9, 0.4, 2.5}) {
+    Camera camera;
+    camera.Azimuth = azimuth;
+    SurfaceRenderer one;
+    const QImage reference = Rendered(one, heart, box, camera, 1);
+    for (const int bands : {2, 3, 8}) {
+      SurfaceRenderer renderer;
+      EXPECT_EQ(Rendered(renderer, heart, box, camera, bands), reference) << azimuth << " " << bands;
+    }
+  }
+}
+
+// A turn draws from what the last picture of the mesh kept: the same picture as a renderer that
+// starts afresh at the new angle.
+TEST(SurfaceRenderer, ATurnedPictureIsTheFreshPictureAtTheNewAngle) {
+  SurfaceRanges box;
+  const Mesh heart = Heart(box);
+  SurfaceRenderer kept;
+  Camera camera;
+  (void)Rendered(kept, heart, box, camera, 2);
+  for (int turn = 0; turn < 3; ++turn) {
+    camera.Azimuth += 0.3, camera.Elevation -= 0.2, camera.Zoom *= 1.1;
+    SurfaceRenderer fresh;
+    EXPECT_EQ(Rendered(kept, heart, box, camera, 2), Rendered(fresh, heart, box, camera, 2)) << turn;
+  }
+  // Another box moves the points in the cube: what was kept is not used for it.
+  SurfaceRanges wider = box;
+  wider.ZMax = 3;
+  SurfaceRenderer fresh;
+  EXPECT_EQ(Rendered(kept, heart, wider, camera, 2), Rendered(fresh, heart, wider, camera, 2));
+}
+
+// A mesh remade in its own memory, announced, is drawn as itself and not as the one before.
+TEST(SurfaceRenderer, AMeshChangedInPlaceIsDrawnAfresh) {
+  Mesh mesh = MeshOnGrid(SurfaceSource::Compile("sin(x)*cos(y)", 1), {}, 50);
+  SurfaceRenderer kept;
+  (void)Rendered(kept, mesh, {}, Camera{}, 2);
+  const Vec3* memory = mesh.Positions.data();
+  MeshOnGrid(SurfaceSource::Compile("cos(x)*sin(y)", 1), {}, 50, mesh);
+  ASSERT_EQ(mesh.Positions.data(), memory);
+  kept.MeshChanged();
+  SurfaceRenderer fresh;
+  EXPECT_EQ(Rendered(kept, mesh, {}, Camera{}, 2), Rendered(fresh, mesh, {}, Camera{}, 2));
+}
+
+TEST(Camera, TheProjectionWorkedOutOnceGivesProjectsNumbers) {
+  Camera camera;
+  camera.Azimuth = 0.7, camera.Elevation = -0.3, camera.Zoom = 1.7;
+  SurfaceRanges box;
+  box.ZMax = 9;
+  const QSize size(333, 251);
+  const Camera::Projection project = camera.Projecting(size);
+  for (const Vec3 p : {Vec3{1, 2, 3}, Vec3{-5, 4.5, -0.1}, Vec3{0.3, -2, 8}}) {
+    const Camera::Projected a = camera.Project(p, box, size), b = project(Camera::ToCube(p, box));
+    EXPECT_EQ(a.X, b.X);
+    EXPECT_EQ(a.Y, b.Y);
+    EXPECT_EQ(a.Depth, b.Depth);
+    EXPECT_EQ(camera.ToView(p), project.Turned(p));
   }
 }
