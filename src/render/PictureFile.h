@@ -12,7 +12,8 @@ namespace render {
 QByteArray PictureFormat(const QString& name, std::int32_t kind);
 
 // Writes a picture as SavePicture does on both plots; raises error 75 with the writer's reason
-// when the file cannot be written.
+// when the file cannot be written. PNG goes through PngEncoder where it takes the picture, the
+// rest through Qt's writers.
 void WritePicture(const QImage& image, const QString& name, std::int32_t kind);
 
 }  // namespace render
