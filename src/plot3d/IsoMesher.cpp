@@ -22,19 +22,6 @@ constexpr std::array<std::array<int, 3>, 8> kCorner{{{0, 0, 0}, {1, 0, 0}, {1, 1
 constexpr std::array<std::array<int, 4>, 6> kTetrahedra{{{0, 5, 1, 6}, {0, 1, 2, 6}, {0, 2, 3, 6},
                                                          {0, 3, 7, 6}, {0, 7, 4, 6}, {0, 4, 5, 6}}};
 
-// f at n points given by their coordinates, the work shared among the cores.
-void EvaluateAt(const BlockProgram& f, const double* xs, const double* ys, const double* zs, std::size_t n, double* out) {
-  constexpr std::size_t kChunk = 16384;
-  render::ParallelFor((n + kChunk - 1) / kChunk, [&](std::size_t chunk) {
-    const std::size_t from = chunk * kChunk;
-    BlockProgram::Inputs inputs{};
-    inputs[static_cast<std::size_t>(Variable::X)] = xs + from;
-    inputs[static_cast<std::size_t>(Variable::Y)] = ys + from;
-    inputs[static_cast<std::size_t>(Variable::Z)] = zs + from;
-    f.Evaluate(inputs, std::min(kChunk, n - from), out + from);
-  });
-}
-
 class Volume {
 public:
   // progress hears 0 to 33 from the thread that made the volume; when it answers false the
@@ -50,6 +37,7 @@ public:
       for (int i = 0; i < m_side; ++i) xs[Index(i, j, 0)] = m_min.X + i * m_step.X, ys[Index(i, j, 0)] = m_min.Y + j * m_step.Y;
     }
     m_values.resize(layer * static_cast<std::size_t>(m_side));
+    m_codes.resize(m_values.size());
     const std::thread::id caller = std::this_thread::get_id();
     std::atomic<int> done{0};
     int reported = 0;
@@ -61,6 +49,7 @@ public:
       inputs[static_cast<std::size_t>(Variable::Y)] = ys.data();
       inputs[static_cast<std::size_t>(Variable::Z)] = zs.data();
       f.Evaluate(inputs, layer, m_values.data() + k * layer);
+      Classify(k * layer, layer);
       // Only the calling thread reports, so that progress is heard on the thread it expects.
       const int percent = 33 * ++done / m_side;
       if (progress && std::this_thread::get_id() == caller && percent >= reported + 5 && !progress(reported = percent))
@@ -69,6 +58,21 @@ public:
   }
 
   bool Stopped() const { return m_stopped.load(); }
+
+  // The cubes of row j of layer k that the surface passes through, by i: all their corners
+  // defined, some inside and some not. The corners' codes are or-ed together a row at a time, so
+  // that the many cubes far from the surface cost a few byte operations each.
+  void CutCubes(int j, int k, std::vector<int>& into) {
+    into.clear();
+    const std::size_t side = static_cast<std::size_t>(m_side);
+    const std::uint8_t* rows[] = {&m_codes[Index(0, j, k)], &m_codes[Index(0, j + 1, k)], &m_codes[Index(0, j, k + 1)],
+                                  &m_codes[Index(0, j + 1, k + 1)]};
+    m_column.resize(side);
+    for (std::size_t i = 0; i < side; ++i) m_column[i] = static_cast<std::uint8_t>(rows[0][i] | rows[1][i] | rows[2][i] | rows[3][i]);
+    for (std::size_t i = 0; i + 1 < side; ++i) {
+      if ((m_column[i] | m_column[i + 1]) == (kInside | kOutside)) into.push_back(static_cast<int>(i));
+    }
+  }
 
   std::size_t Index(int i, int j, int k) const {
     return (static_cast<std::size_t>(k) * m_side + static_cast<std::size_t>(j)) * m_side + static_cast<std::size_t>(i);
@@ -79,9 +83,20 @@ public:
   int Cells() const { return m_cells; }
 
 private:
+  static constexpr std::uint8_t kInside = 1, kOutside = 2, kUndefined = 4;
+
+  void Classify(std::size_t from, std::size_t count) {
+    for (std::size_t n = from; n < from + count; ++n) {
+      const double v = m_values[n];
+      m_codes[n] = !std::isfinite(v) ? kUndefined : v < 0 ? kInside : kOutside;
+    }
+  }
+
   int m_cells, m_side;
   Vec3 m_min, m_step;
   std::vector<double> m_values;
+  std::vector<std::uint8_t> m_codes;   // kInside, kOutside or kUndefined for each value
+  std::vector<std::uint8_t> m_column;  // the codes of a row of cubes' four edges along i, or-ed
   std::atomic<bool> m_stopped{false};
 };
 
@@ -118,16 +133,15 @@ private:
   static constexpr std::uint32_t kNone = UINT32_MAX;
 
   // The points made on the edges that start in grid layers k and k + 1: the cubes go up layer by
-  // layer, so two layers of edges are all that can still be shared.
+  // layer, so two layers of edges are all that can still be shared. Grid layer L keeps its points
+  // in the table of L's parity; what is left there from layer L - 2 was made before the cubes of
+  // layer L - 1 began, so a point is known by its number, and the tables need no clearing.
   void Layer(int k) {
     const std::size_t size = static_cast<std::size_t>(m_volume.Cells() + 1) * static_cast<std::size_t>(m_volume.Cells() + 1) * 8;
-    if (k == m_k + 1) {
-      std::swap(m_layers[0], m_layers[1]);
-      m_layers[1].assign(size, kNone);
-    } else {
-      m_layers[0].assign(size, kNone);
-      m_layers[1].assign(size, kNone);
-    }
+    if (m_layers[0].size() != size) m_layers[0].assign(size, kNone), m_layers[1].assign(size, kNone);
+    const auto now = static_cast<std::uint32_t>(m_mesh.Positions.size());
+    m_madeFrom[0] = k == m_k + 1 ? m_madeFrom[1] : now;  // the first point of cube layer k - 1
+    m_madeFrom[1] = now;                                 // and of cube layer k
     m_k = k;
   }
 
@@ -145,9 +159,10 @@ private:
     if (p[0] > q[0] || p[1] > q[1] || p[2] > q[2]) std::swap(p, q), std::swap(vp, vq);
     const std::size_t direction = static_cast<std::size_t>((q[0] - p[0]) + 2 * (q[1] - p[1]) + 4 * (q[2] - p[2]));
     const std::size_t side = static_cast<std::size_t>(m_volume.Cells() + 1);
-    std::vector<std::uint32_t>& layer = m_layers[p[2] == m_k ? 0 : 1];
+    const std::size_t upper = p[2] == m_k ? 0 : 1;
+    std::vector<std::uint32_t>& layer = m_layers[static_cast<std::size_t>(p[2] & 1)];
     std::uint32_t& vertex = layer[(static_cast<std::size_t>(p[1]) * side + static_cast<std::size_t>(p[0])) * 8 + direction];
-    if (vertex == kNone) {
+    if (vertex == kNone || vertex < m_madeFrom[upper]) {
       vertex = static_cast<std::uint32_t>(m_mesh.Positions.size());
       const Vec3 from = m_volume.Point(p[0], p[1], p[2]), to = m_volume.Point(q[0], q[1], q[2]);
       m_mesh.Positions.push_back(Lerp(from, to, vp / (vp - vq)));
@@ -198,6 +213,7 @@ private:
   const Volume& m_volume;
   Mesh& m_mesh;
   std::array<std::vector<std::uint32_t>, 2> m_layers;
+  std::array<std::uint32_t, 2> m_madeFrom{};  // the first point that may be on grid layer k, k + 1
   int m_i = 0, m_j = 0, m_k = -2;
 };
 
@@ -248,28 +264,42 @@ private:
 // Moves each point of the mesh onto the surface along its grid edge. The straight line between
 // the values at the ends puts it where a function such as the heart's is far from zero, and the
 // faces then step like contour lines. A few rounds of the edge searches, the points of a round
-// evaluated together, bring the points onto the surface.
+// evaluated together, bring the points onto the surface. Each search depends on its own edge
+// alone, so the edges go in chunks shared among the cores, each chunk through all its rounds
+// while its searches are at hand in the cache.
 void Refine(const BlockProgram& f, const std::vector<Tetrahedra::Edge>& edges, Mesh& mesh) {
   constexpr int kRounds = 12;
-  std::vector<EdgeSearch> searches(edges.begin(), edges.end());
-  std::vector<std::size_t> active(edges.size());
-  for (std::size_t i = 0; i < active.size(); ++i) active[i] = i;
-  std::vector<double> xs, ys, zs, values;
-  for (int round = 0; round < kRounds && !active.empty(); ++round) {
-    const std::size_t m = active.size();
-    xs.resize(m), ys.resize(m), zs.resize(m), values.resize(m);
-    for (std::size_t a = 0; a < m; ++a) {
-      const Vec3 p = Lerp(edges[active[a]].From, edges[active[a]].To, searches[active[a]].T());
-      xs[a] = p.X, ys[a] = p.Y, zs[a] = p.Z;
+  constexpr std::size_t kChunk = 2048;
+  render::ParallelFor((edges.size() + kChunk - 1) / kChunk, [&](std::size_t chunk) {
+    const std::size_t first = chunk * kChunk, count = std::min(kChunk, edges.size() - first);
+    std::vector<EdgeSearch> searches(edges.begin() + static_cast<std::ptrdiff_t>(first),
+                                     edges.begin() + static_cast<std::ptrdiff_t>(first + count));
+    std::vector<std::uint32_t> active(count);
+    for (std::size_t i = 0; i < count; ++i) active[i] = static_cast<std::uint32_t>(i);
+    std::vector<double> xs(count), ys(count), zs(count), values(count);
+    BlockProgram::Inputs inputs{};
+    inputs[static_cast<std::size_t>(Variable::X)] = xs.data();
+    inputs[static_cast<std::size_t>(Variable::Y)] = ys.data();
+    inputs[static_cast<std::size_t>(Variable::Z)] = zs.data();
+    for (int round = 0; round < kRounds && !active.empty(); ++round) {
+      const std::size_t m = active.size();
+      for (std::size_t a = 0; a < m; ++a) {
+        const Tetrahedra::Edge& edge = edges[first + active[a]];
+        const Vec3 p = Lerp(edge.From, edge.To, searches[active[a]].T());
+        xs[a] = p.X, ys[a] = p.Y, zs[a] = p.Z;
+      }
+      f.Evaluate(inputs, m, values.data());
+      std::size_t kept = 0;
+      for (std::size_t a = 0; a < m; ++a) {
+        if (searches[active[a]].Step(values[a], round)) active[kept++] = active[a];
+      }
+      active.resize(kept);
     }
-    EvaluateAt(f, xs.data(), ys.data(), zs.data(), m, values.data());
-    std::size_t kept = 0;
-    for (std::size_t a = 0; a < m; ++a) {
-      if (searches[active[a]].Step(values[a], round)) active[kept++] = active[a];
+    for (std::size_t i = 0; i < count; ++i) {
+      const Tetrahedra::Edge& edge = edges[first + i];
+      mesh.Positions[first + i] = Lerp(edge.From, edge.To, searches[i].T());
     }
-    active.resize(kept);
-  }
-  for (std::size_t i = 0; i < edges.size(); ++i) mesh.Positions[i] = Lerp(edges[i].From, edges[i].To, searches[i].T());
+  });
 }
 
 // The mesh lines of an implicit surface: where it crosses the planes of the grid, the edges
@@ -277,21 +307,32 @@ void Refine(const BlockProgram& f, const std::vector<Tetrahedra::Edge>& edges, M
 // with a fine felt of tetrahedra.
 void GridPlaneLines(Mesh& mesh) {
   const std::vector<Vec3>& at = mesh.Positions;
-  // An edge between two triangles comes twice; as one number each it is quickly sorted out.
-  std::vector<std::uint64_t> keys;
+  std::vector<std::array<std::uint32_t, 2>> pairs;
+  pairs.reserve(mesh.Triangles.size() * 2);
   for (const auto& t : mesh.Triangles) {
     for (int e = 0; e < 3; ++e) {
       std::uint32_t a = t[static_cast<std::size_t>(e)], b = t[static_cast<std::size_t>((e + 1) % 3)];
       // Points on grid edges in one plane keep that plane's coordinate exactly.
       if (at[a].X != at[b].X && at[a].Y != at[b].Y && at[a].Z != at[b].Z) continue;
       if (a > b) std::swap(a, b);
-      keys.push_back(static_cast<std::uint64_t>(a) << 32 | b);
+      pairs.push_back({a, b});
     }
   }
-  std::sort(keys.begin(), keys.end());
-  keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
-  mesh.Lines.reserve(keys.size());
-  for (const std::uint64_t key : keys) mesh.Lines.push_back({static_cast<std::uint32_t>(key >> 32), static_cast<std::uint32_t>(key)});
+  // An edge between two triangles comes twice. Sorted by their first point, by counting, and
+  // by the second among the few that share it, the pairs come out in order and once each.
+  std::vector<std::uint32_t> start(at.size() + 1, 0);
+  for (const auto& pair : pairs) ++start[pair[0] + 1];
+  for (std::size_t v = 0; v < at.size(); ++v) start[v + 1] += start[v];
+  std::vector<std::uint32_t> seconds(pairs.size()), next(start.begin(), start.end() - 1);
+  for (const auto& pair : pairs) seconds[next[pair[0]]++] = pair[1];
+  mesh.Lines.reserve(pairs.size() / 2 + 16);
+  for (std::uint32_t a = 0; a < at.size(); ++a) {
+    const auto from = seconds.begin() + start[a], to = seconds.begin() + start[a + 1];
+    std::sort(from, to);
+    for (auto b = from; b != to; ++b) {
+      if (b == from || *b != *(b - 1)) mesh.Lines.push_back({a, *b});
+    }
+  }
 }
 
 }  // namespace
@@ -301,13 +342,15 @@ void MeshImplicit(const SurfaceSource& source, const SurfaceRanges& box, int cel
   into.Clear();
   if (!source.Ok() || source.Kind != SurfaceKind::Implicit || cells < 1) return;
   if (!(box.XMax > box.XMin && box.YMax > box.YMin && box.ZMax > box.ZMin)) return;
-  const Volume volume(source.Functions[0], box, cells, progress);  // about a third of the work
+  Volume volume(source.Functions[0], box, cells, progress);  // about a third of the work
   if (volume.Stopped() || (progress && !progress(33))) return;
   Tetrahedra tetrahedra(volume, into);
   int reported = 33;
+  std::vector<int> cut;
   for (int k = 0; k < cells; ++k) {
     for (int j = 0; j < cells; ++j) {
-      for (int i = 0; i < cells; ++i) tetrahedra.Cube(i, j, k);
+      volume.CutCubes(j, k, cut);
+      for (const int i : cut) tetrahedra.Cube(i, j, k);
     }
     const int done = 33 + 67 * (k + 1) / cells;
     if (progress && done >= reported + 5 && !progress(reported = done)) return into.Clear();

@@ -1,6 +1,8 @@
 #include "plot3d/IsoMesher.h"
 #include "plot3d/SurfaceRenderer.h"
 
+#include "ReferenceIsoMesher.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -106,4 +108,43 @@ TEST(IsoMesher, OnlyImplicitSourcesAndSensibleBoxes) {
   flat.ZMin = flat.ZMax = 0;
   EXPECT_TRUE(MeshImplicit(SurfaceSource::Compile("x^2+y^2+z^2=4", 4), flat, 20).Empty());
   EXPECT_TRUE(MeshImplicit(SurfaceSource::Compile("x^2+y^2+z^2=4", 4), {}, 0).Empty());
+}
+
+// The mesher evaluates the grid in blocks, skips the cubes far from the surface and searches the
+// edges in chunks on all cores: the mesh must be the one of the plain way, point for point.
+TEST(IsoMesher, TheMeshIsThePlainWaysMesh) {
+  struct Case {
+    const char* text;
+    int cells;
+    double half;  // the box from -half to half on each axis
+  };
+  const Case cases[] = {{"(x^2+9/4*y^2+z^2-1)^3-x^2*z^3-9/80*y^2*z^3=0", 60, 1.5},
+                        {"(x^2+9/4*y^2+z^2-1)^3-x^2*z^3-9/80*y^2*z^3=0", 23, 1.5},
+                        {"x^2+y^2+z^2=4", 37, 5},
+                        {"x^2+y^2-z^2=1", 50, 5},  // open, cut by the box's sides
+                        {"sqrt(x)+y^2+z^2=4", 41, 5},  // undefined for x < 0: a hole
+                        {"sin(x)*y+ln(z)=1", 44, 5},
+                        {"(x^2+y^2+z^2-4)^3=0", 30, 5}};
+  for (const Case& c : cases) {
+    SurfaceRanges box;
+    box.XMin = box.YMin = box.ZMin = -c.half, box.XMax = box.YMax = box.ZMax = c.half;
+    box.ZMax = c.half * 1.1;  // not a cube, so that the axes' steps differ
+    const SurfaceSource source = SurfaceSource::Compile(c.text, 4);
+    const Mesh plain = reference::MeshImplicit(source, box, c.cells);
+    Mesh fast;
+    MeshImplicit(source, box, c.cells + 5, fast);  // the memory of another mesh, used again
+    MeshImplicit(source, box, c.cells, fast);
+    ASSERT_GT(plain.Triangles.size(), 100u) << c.text;
+    ASSERT_EQ(fast.Positions.size(), plain.Positions.size()) << c.text;
+    ASSERT_EQ(fast.Normals.size(), plain.Normals.size()) << c.text;
+    EXPECT_EQ(fast.Triangles, plain.Triangles) << c.text;
+    EXPECT_EQ(fast.Lines, plain.Lines) << c.text;
+    double worst = 0, worstNormal = 0;
+    for (std::size_t i = 0; i < plain.Positions.size(); ++i) {
+      worst = std::max(worst, Length(fast.Positions[i] - plain.Positions[i]));
+      worstNormal = std::max(worstNormal, Length(fast.Normals[i] - plain.Normals[i]));
+    }
+    EXPECT_LE(worst, 1e-12) << c.text;
+    EXPECT_LE(worstNormal, 1e-9) << c.text;
+  }
 }
