@@ -22,6 +22,32 @@ const double* Zeros() {
 
 double LogOfE() { return std::log(numeric::kE); }
 
+bool ScalesByConstant(NodeKind kind) { return kind == NodeKind::Multiply || kind == NodeKind::Divide; }
+
+// The negations that a product or quotient with a constant takes over: (-a)/c is a/(-c), and
+// (-a)*c is a*(-c), to the last bit (rounding is symmetric), so the negation needs no pass of its
+// own. Only a negation with this one user, which the tree's parser makes.
+std::vector<bool> AbsorbedNegations(const ExpressionTree& tree, int root, const std::vector<bool>& reachable) {
+  std::vector<int> users(static_cast<size_t>(root) + 1, 0);
+  for (int i = 0; i <= root; ++i) {
+    if (!reachable[static_cast<size_t>(i)]) continue;
+    const Node& n = tree.At(i);
+    if (n.A >= 0) ++users[static_cast<size_t>(n.A)];
+    if (n.B >= 0) ++users[static_cast<size_t>(n.B)];
+  }
+  const auto soleNegation = [&](int index) {
+    return tree.At(index).Kind == NodeKind::Negate && users[static_cast<size_t>(index)] == 1;
+  };
+  std::vector<bool> absorbed(static_cast<size_t>(root) + 1, false);
+  for (int i = 0; i <= root; ++i) {
+    const Node& n = tree.At(i);
+    if (!reachable[static_cast<size_t>(i)] || !ScalesByConstant(n.Kind)) continue;
+    if (tree.At(n.B).Kind == NodeKind::Number && soleNegation(n.A)) absorbed[static_cast<size_t>(n.A)] = true;
+    else if (tree.At(n.A).Kind == NodeKind::Number && soleNegation(n.B)) absorbed[static_cast<size_t>(n.B)] = true;
+  }
+  return absorbed;
+}
+
 }  // namespace
 
 BlockProgram::BlockProgram(const ExpressionTree& tree, int root) {
@@ -38,6 +64,7 @@ BlockProgram::BlockProgram(const ExpressionTree& tree, int root) {
     if (n.A >= 0) reachable[static_cast<size_t>(n.A)] = true;
     if (n.B >= 0) reachable[static_cast<size_t>(n.B)] = true;
   }
+  const std::vector<bool> absorbed = AbsorbedNegations(tree, root, reachable);
   std::vector<Source> sources(static_cast<size_t>(root) + 1);
   std::vector<int> freeRegisters;
   const auto release = [&](const Source& s) {
@@ -57,11 +84,17 @@ BlockProgram::BlockProgram(const ExpressionTree& tree, int root) {
       if (n.Var != Variable::Zero) m_uses |= 1u << static_cast<int>(n.Var);
       continue;
     }
+    if (absorbed[static_cast<size_t>(i)]) {
+      s = sources[static_cast<size_t>(n.A)];  // the user negates its constant instead
+      continue;
+    }
     Instruction instruction;
     instruction.Kind = n.Kind;
     instruction.Fn = n.Fn;
     if (n.A >= 0) instruction.A = sources[static_cast<size_t>(n.A)];
     if (n.B >= 0) instruction.B = sources[static_cast<size_t>(n.B)];
+    if (n.A >= 0 && absorbed[static_cast<size_t>(n.A)]) instruction.B.Value = -instruction.B.Value;
+    if (n.B >= 0 && absorbed[static_cast<size_t>(n.B)]) instruction.A.Value = -instruction.A.Value;
     release(instruction.A);
     release(instruction.B);
     if (freeRegisters.empty()) {
@@ -152,17 +185,16 @@ void BlockProgram::Run(const Instruction& in, const Inputs& inputs, std::size_t 
     return;
   }
   switch (in.Fn) {
-    case Function::Sin: k.Sin(a, out, n); break;
-    case Function::Cos: k.Cos(a, out, n); break;
+    // The vector kernels map what is not finite to NaN themselves.
+    case Function::Sin: return k.Sin(a, out, n);
+    case Function::Cos: return k.Cos(a, out, n);
     case Function::Exp: {
       // A power of the 15-digit e, as the program defines exp.
       static const double logE = LogOfE();
-      e.Scale(a, logE, out, n);
-      k.Exp(out, out, n);
-      break;
+      return k.Exp(a, logE, out, n);
     }
-    case Function::Ln: k.Log(a, out, n); break;
-    case Function::Tan: k.Tan(a, out, n); break;
+    case Function::Ln: return k.Log(a, out, n);
+    case Function::Tan: return k.Tan(a, out, n);
     case Function::Sqrt:
     case Function::Sqr:
     case Function::Abs:
@@ -173,7 +205,6 @@ void BlockProgram::Run(const Instruction& in, const Inputs& inputs, std::size_t 
       for (std::size_t i = 0; i < n; ++i) out[i] = ApplyFunction(in.Fn, a[i], b ? b[i] : cb);
       return;
   }
-  e.Clean(out, n);
 }
 
 }  // namespace mathlang

@@ -1,9 +1,9 @@
 #pragma once
 
-// The element-wise loops of the block evaluator. This header is compiled twice, for the
-// baseline processor and for AVX2 (ElementKernels.cpp, ElementKernelsAvx2.cpp), and the faster
-// one the processor supports is chosen at run time. Floating-point contraction is off in both,
-// so both give the same numbers.
+// The element-wise loops of the block evaluator. This header is compiled three times, for the
+// baseline processor, for AVX2 and for AVX-512 (ElementKernels.cpp, ElementKernelsAvx2.cpp,
+// ElementKernelsAvx512.cpp), and the fastest one the processor supports is chosen at run time.
+// Floating-point contraction is off in all, so all give the same numbers.
 #include "ExpressionTree.h"
 
 #include <cstddef>
@@ -17,13 +17,13 @@ struct ElementKernels {
   void (*PowerBy)(double p, const double* a, double* out, std::size_t n);
   // out = f(a) for the functions that need no table: Sqrt, Sqr, Abs, Int, Fix, Identity.
   void (*Simple)(Function fn, const double* a, double* out, std::size_t n);
-  // out = a * factor, and the program's failure (NaN) for whatever is not finite.
+  // out = a * factor, exactly as the product rounds (the negation of a value is exact).
   void (*Scale)(const double* a, double factor, double* out, std::size_t n);
-  void (*Clean)(double* values, std::size_t n);
 };
 
 const ElementKernels& BaselineElementKernels();
-const ElementKernels* Avx2ElementKernels();  // nullptr where the build has no AVX2 variant
+const ElementKernels* Avx2ElementKernels();    // nullptr where the build has no AVX2 variant
+const ElementKernels* Avx512ElementKernels();  // nullptr where the build has no AVX-512 variant
 const ElementKernels& ChosenElementKernels();
 
 }  // namespace mathlang

@@ -38,7 +38,7 @@ inline void Binary(NodeKind kind, const double* a, double ca, const double* b, d
     case NodeKind::Multiply: return Apply(a, ca, b, cb, out, n, [](double x, double y) { return Clean(x * y); });
     case NodeKind::Divide:
       // Dividing by a power of two is exactly multiplying by its reciprocal, and much cheaper.
-      if (a && !b && cb != 0 && std::isfinite(cb) && std::frexp(cb, &exponent) == 0.5) {
+      if (a && !b && cb != 0 && std::isfinite(cb) && std::abs(std::frexp(cb, &exponent)) == 0.5) {
         const double reciprocal = 1 / cb;
         return Apply(a, ca, b, cb, out, n, [reciprocal](double x, double) { return Clean(x * reciprocal); });
       }
@@ -82,11 +82,7 @@ inline void Scale(const double* a, double factor, double* out, std::size_t n) {
   for (std::size_t i = 0; i < n; ++i) out[i] = a[i] * factor;
 }
 
-inline void CleanAll(double* values, std::size_t n) {
-  for (std::size_t i = 0; i < n; ++i) values[i] = Clean(values[i]);
-}
-
-constexpr ElementKernels kTable{Binary, PowerBy, Simple, Scale, CleanAll};
+constexpr ElementKernels kTable{Binary, PowerBy, Simple, Scale};
 
 }  // namespace
 }  // namespace mathlang::kernels

@@ -1,29 +1,36 @@
 #include "VectorMath.h"
 
 #include <cmath>
+#include <limits>
 
 namespace mathlang {
 
 namespace {
 
+double Clean(double r) { return std::isfinite(r) ? r : std::numeric_limits<double>::quiet_NaN(); }
+
 template <double (*F)(double)>
 void Each(const double* in, double* out, std::size_t n) {
-  for (std::size_t i = 0; i < n; ++i) out[i] = F(in[i]);
+  for (std::size_t i = 0; i < n; ++i) out[i] = Clean(F(in[i]));
+}
+
+void ExpScaled(const double* in, double factor, double* out, std::size_t n) {
+  for (std::size_t i = 0; i < n; ++i) out[i] = Clean(std::exp(in[i] * factor));
 }
 
 double Sin(double x) { return std::sin(x); }
 double Cos(double x) { return std::cos(x); }
-double Exp(double x) { return std::exp(x); }
 double Log(double x) { return std::log(x); }
 
 double Tan(double x) { return std::sin(x) / std::cos(x); }
 
-const VectorKernels kScalar{Each<Sin>, Each<Cos>, Each<Exp>, Each<Log>, Each<Tan>, "scalar"};
+const VectorKernels kScalar{Each<Sin>, Each<Cos>, ExpScaled, Each<Log>, Each<Tan>, "scalar"};
 
 }  // namespace
 
 #ifdef QUILLOGRAPH_HAVE_AVX2
-const VectorKernels& Avx2KernelTable();  // VectorMathAvx2.cpp, built for AVX2 and FMA
+const VectorKernels& Avx2KernelTable();    // VectorMathAvx2.cpp, built for AVX2 and FMA
+const VectorKernels& Avx512KernelTable();  // VectorMathAvx512.cpp, built for AVX-512
 #endif
 
 const VectorKernels& ScalarKernels() { return kScalar; }
@@ -37,6 +44,23 @@ bool ProcessorHasAvx2() {
 #endif
 }
 
+bool ProcessorHasAvx512() {
+#ifdef QUILLOGRAPH_HAVE_AVX2
+  // The check includes whether the system saves the wide registers.
+  static const bool supported = ProcessorHasAvx2() && __builtin_cpu_supports("avx512f");
+  return supported;
+#else
+  return false;
+#endif
+}
+
+const VectorKernels* Avx512Kernels() {
+#ifdef QUILLOGRAPH_HAVE_AVX2
+  if (ProcessorHasAvx512()) return &Avx512KernelTable();
+#endif
+  return nullptr;
+}
+
 const VectorKernels* Avx2Kernels() {
 #ifdef QUILLOGRAPH_HAVE_AVX2
   if (ProcessorHasAvx2()) return &Avx2KernelTable();
@@ -45,7 +69,7 @@ const VectorKernels* Avx2Kernels() {
 }
 
 const VectorKernels& Kernels() {
-  static const VectorKernels& chosen = Avx2Kernels() ? *Avx2Kernels() : kScalar;
+  static const VectorKernels& chosen = Avx512Kernels() ? *Avx512Kernels() : Avx2Kernels() ? *Avx2Kernels() : kScalar;
   return chosen;
 }
 

@@ -8,16 +8,22 @@ namespace mathlang {
 
 namespace {
 
-template <__m256d (*F)(__m256d)>
-void Each4(const double* in, double* out, std::size_t n) {
+// The program's failure for whatever is not finite: r - r is 0 only for finite r.
+__m256d Clean(__m256d r) {
+  const __m256d finite = _mm256_cmp_pd(_mm256_sub_pd(r, r), _mm256_setzero_pd(), _CMP_EQ_OQ);
+  return _mm256_blendv_pd(_mm256_set1_pd(__builtin_nan("")), r, finite);
+}
+
+// Calls F on four values at a time; the last one to three values go through the same function,
+// padded, so that every value is computed alike.
+template <typename F>
+void Each4(const double* in, double* out, std::size_t n, F f) {
   std::size_t i = 0;
-  for (; i + 4 <= n; i += 4) _mm256_storeu_pd(out + i, F(_mm256_loadu_pd(in + i)));
+  for (; i + 4 <= n; i += 4) _mm256_storeu_pd(out + i, Clean(f(_mm256_loadu_pd(in + i))));
   if (i < n) {
-    // The last one to three values go through the same function, padded, so that every value
-    // is computed alike.
     alignas(32) double tail[4] = {0, 0, 0, 0};
     for (std::size_t j = 0; i + j < n; ++j) tail[j] = in[i + j];
-    _mm256_store_pd(tail, F(_mm256_load_pd(tail)));
+    _mm256_store_pd(tail, Clean(f(_mm256_load_pd(tail))));
     for (std::size_t j = 0; i + j < n; ++j) out[i + j] = tail[j];
   }
 }
@@ -28,13 +34,17 @@ extern "C" __m256d _ZGVdN4v_cos(__m256d);
 extern "C" __m256d _ZGVdN4v_tan(__m256d);
 extern "C" __m256d _ZGVdN4v_exp(__m256d);
 
-__m256d Sin(__m256d x) { return _ZGVdN4v_sin(x); }
-__m256d Cos(__m256d x) { return _ZGVdN4v_cos(x); }
-__m256d Tan(__m256d x) { return _ZGVdN4v_tan(x); }
-__m256d Exp(__m256d x) { return _ZGVdN4v_exp(x); }
-__m256d Log(__m256d x) { return Sleef_logd4_u35avx2(x); }
+void Sin(const double* in, double* out, std::size_t n) { Each4(in, out, n, _ZGVdN4v_sin); }
+void Cos(const double* in, double* out, std::size_t n) { Each4(in, out, n, _ZGVdN4v_cos); }
+void Tan(const double* in, double* out, std::size_t n) { Each4(in, out, n, _ZGVdN4v_tan); }
+void Log(const double* in, double* out, std::size_t n) { Each4(in, out, n, Sleef_logd4_u35avx2); }
 
-const VectorKernels kAvx2{Each4<Sin>, Each4<Cos>, Each4<Exp>, Each4<Log>, Each4<Tan>, "avx2"};
+void Exp(const double* in, double factor, double* out, std::size_t n) {
+  const __m256d f = _mm256_set1_pd(factor);
+  Each4(in, out, n, [f](__m256d x) { return _ZGVdN4v_exp(_mm256_mul_pd(x, f)); });
+}
+
+const VectorKernels kAvx2{Sin, Cos, Exp, Log, Tan, "avx2"};
 
 }  // namespace
 

@@ -137,11 +137,14 @@ TEST(BlockProgram, VectorKernelsAgreeWithTheCLibrary) {
   std::vector<double> slow(in.size());
   // A few units in the last place at most.
   for (auto [vector, scalar] : {std::pair{avx2->Sin, ScalarKernels().Sin}, std::pair{avx2->Cos, ScalarKernels().Cos},
-                                std::pair{avx2->Exp, ScalarKernels().Exp}, std::pair{avx2->Tan, ScalarKernels().Tan}}) {
+                                std::pair{avx2->Tan, ScalarKernels().Tan}}) {
     vector(in.data(), fast.data(), in.size());
     scalar(in.data(), slow.data(), in.size());
     for (size_t i = 0; i < in.size(); ++i) ASSERT_NEAR(fast[i], slow[i], 2e-15 * std::max(1.0, std::abs(slow[i])));
   }
+  avx2->Exp(in.data(), 1.0, fast.data(), in.size());
+  ScalarKernels().Exp(in.data(), 1.0, slow.data(), in.size());
+  for (size_t i = 0; i < in.size(); ++i) ASSERT_NEAR(fast[i], slow[i], 2e-15 * std::max(1.0, std::abs(slow[i])));
   std::vector<double> positive;
   for (double x = 1e-6; x <= 1e6; x *= 1.37) positive.push_back(x);
   fast.resize(positive.size());
