@@ -1,5 +1,6 @@
 #include "PngEncoder.h"
 
+#include "Adler32.h"
 #include "Parallel.h"
 
 #include <QColorSpace>
@@ -145,7 +146,7 @@ void DeflateBand(const QImage& image, int channels, bool last, Band& band) {
       std::swap(row, above);
     }
     const auto length = static_cast<uInt>(rows * rowBytes);
-    band.Adler = adler32(band.Adler, chunk.data(), length);
+    band.Adler = Adler32(static_cast<std::uint32_t>(band.Adler), chunk.data(), length);
     deflater.Put(chunk.data(), length, band.Deflated, Z_NO_FLUSH);
   }
   deflater.Put(nullptr, 0, band.Deflated, last ? Z_FINISH : Z_SYNC_FLUSH);
