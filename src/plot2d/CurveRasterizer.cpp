@@ -9,16 +9,15 @@ namespace plot2d {
 CurveRasterizer::CurveRasterizer(QImage& target, int firstRow)
     : m_image(target), m_bits(target.bits()), m_stride(target.bytesPerLine()), m_width(target.width()),
       m_height(target.height()), m_firstRow(firstRow),
-      m_stamp(static_cast<size_t>(m_width) * static_cast<size_t>(m_height), 0),
-      m_coverage(m_stamp.size(), 0) {}
+      m_cells(static_cast<size_t>(m_width) * static_cast<size_t>(m_height), 0) {}
 
 bool CurveRasterizer::CanDrawInto(const QImage& image) {
   return image.format() == QImage::Format_ARGB32_Premultiplied || image.format() == QImage::Format_RGB32;
 }
 
 void CurveRasterizer::Stroke(const std::vector<QPolygonF>& lines, QColor color, double width, Drawing::Style style) {
-  if (++m_curve == 0) {  // the stamps wrapped round: start them again
-    std::fill(m_stamp.begin(), m_stamp.end(), 0);
+  if (++m_curve == kStamps) {  // the stamps wrapped round: start them again
+    std::fill(m_cells.begin(), m_cells.end(), 0);
     m_curve = 1;
   }
   m_touched.clear();
@@ -41,13 +40,13 @@ void CurveRasterizer::Stroke(const std::vector<QPolygonF>& lines, QColor color, 
 
 void CurveRasterizer::Cover(int x, int y, double coverage) {
   const size_t at = static_cast<size_t>(y) * static_cast<size_t>(m_width) + static_cast<size_t>(x);
-  const auto c = static_cast<std::uint8_t>(coverage * 255 + 0.5);
-  if (m_stamp[at] != m_curve) {
-    m_stamp[at] = m_curve;
-    m_coverage[at] = c;
+  const auto c = static_cast<std::uint32_t>(coverage * 255 + 0.5);
+  std::uint32_t& cell = m_cells[at];
+  if (cell >> 8 != m_curve) {
+    cell = m_curve << 8 | c;
     m_touched.push_back(static_cast<std::uint32_t>(at));
-  } else if (c > m_coverage[at]) {
-    m_coverage[at] = c;
+  } else if (c > (cell & 0xFF)) {
+    cell = (cell & ~0xFFu) | c;
   }
 }
 
@@ -71,6 +70,7 @@ void CurveRasterizer::Segment(QPointF a, QPointF b, double radius, double arcSta
   const int bottom = std::min(m_height - 1, static_cast<int>(std::ceil(std::max(a.y(), b.y()) + reach)));
   const double left = std::min(a.x(), b.x()) - reach;
   const double right = std::max(a.x(), b.x()) + reach;
+  int previousX0 = static_cast<int>(std::floor(left));
   for (int y = top; y <= bottom; ++y) {
     const double py = y + 0.5;
     double from = left, to = right;
@@ -83,6 +83,15 @@ void CurveRasterizer::Segment(QPointF a, QPointF b, double radius, double arcSta
     }
     const int x0 = std::max(0, static_cast<int>(std::floor(from - 0.5)));
     const int x1 = std::min(m_width - 1, static_cast<int>(std::ceil(to - 0.5)));
+    // A steep segment takes a new row, and so new cache lines, every pixel or two: the rows two
+    // ahead are asked for now, where the segment will reach them.
+    if (y + 2 <= bottom && m_antialiased) {
+      const std::size_t ahead = static_cast<std::size_t>(y + 2) * static_cast<std::size_t>(m_width) +
+                                static_cast<std::size_t>(std::clamp(x0 + 2 * (x0 - previousX0), 0, m_width - 1));
+      __builtin_prefetch(&m_cells[ahead], 1);
+      __builtin_prefetch(m_bits + static_cast<qsizetype>(ahead) * 4, 1);
+    }
+    previousX0 = x0;
     for (int x = x0; x <= x1; ++x) {
       const double px = x + 0.5;
       const double t = std::clamp(((px - a.x()) * dx + (py - a.y()) * dy) * inverse2, 0.0, 1.0);
@@ -160,11 +169,25 @@ void CurveRasterizer::Blend(QColor color) {
   const QRgb source = color.rgba();
   const int sr = qRed(source), sg = qGreen(source), sb = qBlue(source), sa = qAlpha(source);
   const bool opaque = m_image.format() == QImage::Format_RGB32;
-  for (const std::uint32_t at : m_touched) {
-    const int alpha = m_coverage[at] * sa / 255;
-    if (alpha == 0) continue;
+  // Rows of 32-bit pixels are packed whenever the image owns its memory, and then a pixel's index
+  // is its place in memory too: no division by the width for every pixel.
+  const bool packed = m_stride == static_cast<qsizetype>(m_width) * 4;
+  const auto pixelAt = [&](std::uint32_t at) {
+    if (packed) return reinterpret_cast<QRgb*>(m_bits) + at;
     const std::uint32_t row = at / static_cast<std::uint32_t>(m_width);
-    QRgb* pixel = reinterpret_cast<QRgb*>(m_bits + static_cast<qsizetype>(row) * m_stride) + (at - row * static_cast<std::uint32_t>(m_width));
+    return reinterpret_cast<QRgb*>(m_bits + static_cast<qsizetype>(row) * m_stride) + (at - row * static_cast<std::uint32_t>(m_width));
+  };
+  // The pixels are read here for the first time, in the order the segments touched them: one
+  // row after another where a curve is steep. Asking for them a few pixels ahead hides most of
+  // the wait for memory.
+  constexpr std::size_t kAhead = 16;
+  const std::size_t count = m_touched.size();
+  for (std::size_t i = 0; i < count; ++i) {
+    if (i + kAhead < count) __builtin_prefetch(pixelAt(m_touched[i + kAhead]), 1);
+    const std::uint32_t at = m_touched[i];
+    const int alpha = static_cast<int>(m_cells[at] & 0xFF) * sa / 255;
+    if (alpha == 0) continue;
+    QRgb* pixel = pixelAt(at);
     const QRgb d = *pixel;
     const int inverse = 255 - alpha;
     // Premultiplied source over destination.

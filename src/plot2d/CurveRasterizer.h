@@ -47,10 +47,12 @@ private:
   qsizetype m_stride;
   int m_width, m_height;
   int m_firstRow;
-  std::vector<std::uint16_t> m_stamp;   // which curve last wrote the pixel
-  std::vector<std::uint8_t> m_coverage;
+  // Per pixel, which curve last wrote it (the upper 24 bits) and the coverage that curve gives it
+  // (the lowest 8): one memory access where two arrays would take two.
+  static constexpr std::uint32_t kStamps = 1u << 24;
+  std::vector<std::uint32_t> m_cells;
   std::vector<std::uint32_t> m_touched;  // pixels of the current curve
-  std::uint16_t m_curve = 0;
+  std::uint32_t m_curve = 0;
   bool m_antialiased = true;
   QRgb m_solid = 0;  // the colour of an aliased curve, premultiplied
 };

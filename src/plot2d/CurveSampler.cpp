@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace plot2d {
 
@@ -160,10 +161,17 @@ SampledCurve CurveSampler::Sample(double from, double to, int initialSamples) co
   // goes to the end, and all are put in order once at the end.
   struct Interval {
     Point A, B;
+    std::uint32_t IndexA, IndexB;  // their places in points
   };
+  // The points in order along the curve: every midpoint goes between the two ends of its
+  // interval, which are neighbours at the time, so the order is kept as it grows and never has
+  // to be sorted.
+  std::vector<std::uint32_t> following(points.size());
+  for (std::uint32_t i = 0; i < following.size(); ++i) following[i] = i + 1;
+  following.back() = std::numeric_limits<std::uint32_t>::max();  // the last point is followed by none
   std::vector<Interval> open;
   std::vector<double> brokenAt;  // the left parameter of every jump
-  const auto examine = [&](const Point& a, const Point& b) {
+  const auto examine = [&](const Point& a, const Point& b, std::uint32_t ia, std::uint32_t ib) {
     const bool bothValid = a.Valid() && b.Valid();
     if (std::abs(b.S - a.S) <= finest) {
       if (bothValid && Distance(a.Px, a.Py, b.Px, b.Py) > kJumpPixels) brokenAt.push_back(a.S);
@@ -171,9 +179,9 @@ SampledCurve CurveSampler::Sample(double from, double to, int initialSamples) co
     }
     const bool edge = a.Valid() != b.Valid();
     const bool worth = bothValid && !OffScreenTogether(a, b) && Distance(a.Px, a.Py, b.Px, b.Py) > m_shortest;
-    if (edge || worth) open.push_back({a, b});
+    if (edge || worth) open.push_back({a, b, ia, ib});
   };
-  for (size_t i = 0; i + 1 < points.size(); ++i) examine(points[i], points[i + 1]);
+  for (std::uint32_t i = 0; i + 1 < points.size(); ++i) examine(points[i], points[i + 1], i, i + 1);
 
   std::vector<double> middles;
   std::vector<Point> midpoints;
@@ -189,23 +197,24 @@ SampledCurve CurveSampler::Sample(double from, double to, int initialSamples) co
       const Point& a = current[i].A;
       const Point& b = current[i].B;
       const Point& m = midpoints[i];
+      const auto im = static_cast<std::uint32_t>(points.size());
       points.push_back(m);
+      following[current[i].IndexA] = im;
+      following.push_back(current[i].IndexB);
       // A straight, short piece is done; anything else is looked into again.
       if (a.Valid() && b.Valid() && m.Valid() && Distance(a.Px, a.Py, b.Px, b.Py) <= m_longest &&
           Deviation(a.Px, a.Py, b.Px, b.Py, m.Px, m.Py) <= m_tolerance) {
         continue;
       }
-      examine(a, m);
-      examine(m, b);
+      examine(a, m, current[i].IndexA, im);
+      examine(m, b, im, current[i].IndexB);
     }
   }
-  // Put in order by parameter, moving small indices rather than whole points.
-  std::vector<std::uint32_t> order(points.size());
-  for (std::uint32_t i = 0; i < order.size(); ++i) order[i] = i;
-  std::sort(order.begin(), order.end(), [&](std::uint32_t p, std::uint32_t q) { return points[p].S < points[q].S; });
+  // Put in order by parameter: along the curve, from the smaller end.
   std::vector<Point> sorted;
   sorted.reserve(points.size());
-  for (const std::uint32_t i : order) sorted.push_back(points[i]);
+  for (std::uint32_t i = 0; i < points.size(); i = following[i]) sorted.push_back(points[i]);
+  if (to < from) std::reverse(sorted.begin(), sorted.end());
   points.swap(sorted);
   std::sort(brokenAt.begin(), brokenAt.end());
   std::vector<std::uint8_t> gaps(points.size() - 1, kDone);

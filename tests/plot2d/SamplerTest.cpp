@@ -206,3 +206,23 @@ TEST(Sampler, AnEndlessWiggleTakesABoundedNumberOfPoints) {
     EXPECT_LE(points, 256 * CurveSampler::SamplesFor(view.Width(), 100) + 1) << text;
   }
 }
+
+// The points of a piece come in the order of the parameter, however the refinement added them,
+// also when the range is given backwards; refining adds points between the even samples.
+TEST(CurveSampler, PiecesRunInTheOrderOfTheParameter) {
+  for (const char* text : {"y=sin(x)", "y=tan(x)", "y=1/(x-1)", "y=sin(1/x)", "y=sqrt(4-x^2)", "y=x^3-2*x;-1<x<=2",
+                           "y=fix(x)", "y=abs(x)"}) {
+    const Explicit curve(text);
+    const CurveSampler sampler(curve.Source, kView, 100);
+    for (const auto& [from, to] : {std::pair{-10.0, 10.0}, std::pair{10.0, -10.0}}) {
+      const SampledCurve sampled = sampler.Sample(from, to, 40);
+      ASSERT_FALSE(sampled.Pieces.empty()) << text;
+      qsizetype points = 0;
+      for (const QPolygonF& piece : sampled.Pieces) {
+        points += piece.size();
+        for (qsizetype i = 1; i < piece.size(); ++i) ASSERT_LT(piece[i - 1].x(), piece[i].x()) << text << " from " << from;
+      }
+      EXPECT_GT(points, 41) << text;
+    }
+  }
+}
