@@ -66,9 +66,34 @@ BENCHMARK(BM_Scene_PaintOnly)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 }  // namespace
 
+// With --pictures DIR, writes what the benchmarks draw (the heavy and the light scene at both
+// qualities, and with a thick and a thin pen) instead of timing, so that the
+// pictures of two builds can be compared pixel for pixel.
+int WritePictures(const QString& folder) {
+  struct Case {
+    const char* Name;
+    double Quality;
+    double Thickness;
+    bool Light;
+  };
+  const Case cases[] = {{"heavy100", 100, 2, false}, {"heavy20", 20, 2, false}, {"light100", 100, 2, true},
+                        {"heavy100-thick", 100, 7, false}, {"light60-thin", 60, 0.5, true}};
+  for (const Case& c : cases) {
+    plot2d::Plot plot;
+    plot.SetSize(QSize(1920, 1080));
+    plot.SetQuality(c.Quality);
+    plot.SetThickness(c.Thickness);
+    FillHeavyScene(plot, c.Light ? 10 : 100, !c.Light);
+    plot.Redraw();
+    if (!plot.Picture().save(folder + "/" + c.Name + ".png")) return 1;
+  }
+  return 0;
+}
+
 int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   QGuiApplication application(argc, argv);
+  if (argc == 3 && QByteArray(argv[1]) == "--pictures") return WritePictures(QString::fromLocal8Bit(argv[2]));
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();
   benchmark::Shutdown();
