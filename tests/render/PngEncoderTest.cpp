@@ -76,6 +76,8 @@ std::vector<Case> Pictures() {
   return {
       {"opaque", Picture({64, 48}, QImage::Format_RGB32, [](int x, int y) { return qRgb(x * 4, y * 5, 128); })},
       {"opaque noise", Picture({33, 31}, QImage::Format_RGB32, Noise)},
+      // Qt's writer keeps the alpha channel of a format that has one, opaque or not.
+      {"opaque with an alpha channel", Premultiplied({50, 20}, [](int x, int y) { return qRgb(x, y, x + y); })},
       {"transparent", Picture({40, 30}, QImage::Format_ARGB32, [](int, int) { return qRgba(0, 0, 0, 0); })},
       {"alpha gradient", Picture({256, 20}, QImage::Format_ARGB32, [](int x, int y) { return qRgba(y * 12, 90, 255 - x, x); })},
       {"premultiplied gradient", Premultiplied({255, 17}, [](int x, int y) { return qRgba(250 - y, x, 33, x); })},
