@@ -9,6 +9,10 @@
 #include <cmath>
 #include <limits>
 
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
 namespace plot3d {
 
 namespace {
@@ -98,9 +102,55 @@ std::vector<int> SurfaceRenderer::BandStarts(int rows, int bands) const {
   return starts;
 }
 
+#if defined(__SSE2__)
+namespace {
+
+__m128i Clamped(__m128i v, __m128i top) {
+  const __m128i over = _mm_cmpgt_epi32(v, top);
+  v = _mm_or_si128(_mm_andnot_si128(over, v), _mm_and_si128(over, top));
+  return _mm_andnot_si128(_mm_cmplt_epi32(v, _mm_setzero_si128()), v);
+}
+
+}  // namespace
+
+// Pixels x to x + 3 of a row, those up to last: the scalar loop's sums, in the same order, on
+// four pixels at once, so the same bits; a triangle of the heart is a pixel or two wide, and
+// most of its bounding box is one such step.
+void SurfaceRenderer::FillFour(const ScreenVertex& a, const ScreenVertex& b, const ScreenVertex& c, float inverse,
+                               int x, int last, float py, QRgb* line, float* depth) {
+  const __m128i lanes = _mm_add_epi32(_mm_set1_epi32(x), _mm_setr_epi32(0, 1, 2, 3));
+  const __m128 px = _mm_add_ps(_mm_cvtepi32_ps(lanes), _mm_set1_ps(0.5f));
+  const __m128 ax = _mm_sub_ps(_mm_set1_ps(a.X), px), bx = _mm_sub_ps(_mm_set1_ps(b.X), px);
+  const __m128 cx = _mm_sub_ps(_mm_set1_ps(c.X), px);
+  const __m128 ay = _mm_set1_ps(a.Y - py), by = _mm_set1_ps(b.Y - py), cy = _mm_set1_ps(c.Y - py);
+  const __m128 scale = _mm_set1_ps(inverse), zero = _mm_setzero_ps();
+  const __m128 wa = _mm_mul_ps(_mm_sub_ps(_mm_mul_ps(bx, cy), _mm_mul_ps(by, cx)), scale);
+  const __m128 wb = _mm_mul_ps(_mm_sub_ps(_mm_mul_ps(cx, ay), _mm_mul_ps(cy, ax)), scale);
+  const __m128 wc = _mm_sub_ps(_mm_sub_ps(_mm_set1_ps(1), wa), wb);
+  const __m128 outside = _mm_or_ps(_mm_cmplt_ps(wa, zero), _mm_or_ps(_mm_cmplt_ps(wb, zero), _mm_cmplt_ps(wc, zero)));
+  const __m128 within = _mm_castsi128_ps(_mm_cmplt_epi32(lanes, _mm_set1_epi32(last + 1)));
+  const auto sum = [&](float va, float vb, float vc) {
+    return _mm_add_ps(_mm_add_ps(_mm_mul_ps(wa, _mm_set1_ps(va)), _mm_mul_ps(wb, _mm_set1_ps(vb))), _mm_mul_ps(wc, _mm_set1_ps(vc)));
+  };
+  const __m128 z = sum(a.Depth, b.Depth, c.Depth), before = _mm_loadu_ps(depth + x);
+  const __m128 draw = _mm_andnot_ps(outside, _mm_and_ps(within, _mm_cmpnle_ps(z, before)));
+  if (_mm_movemask_ps(draw) == 0) return;
+  _mm_storeu_ps(depth + x, _mm_or_ps(_mm_and_ps(draw, z), _mm_andnot_ps(draw, before)));
+  const __m128i top = _mm_set1_epi32(255);
+  const __m128i red = Clamped(_mm_cvttps_epi32(sum(a.R, b.R, c.R)), top);
+  const __m128i green = Clamped(_mm_cvttps_epi32(sum(a.G, b.G, c.G)), top);
+  const __m128i blue = Clamped(_mm_cvttps_epi32(sum(a.B, b.B, c.B)), top);
+  const __m128i colour = _mm_or_si128(_mm_or_si128(_mm_set1_epi32(static_cast<int>(0xff000000u)), _mm_slli_epi32(red, 16)),
+                                      _mm_or_si128(_mm_slli_epi32(green, 8), blue));
+  auto* pixels = reinterpret_cast<__m128i*>(line + x);
+  const __m128i mask = _mm_castps_si128(draw);
+  _mm_storeu_si128(pixels, _mm_or_si128(_mm_and_si128(mask, colour), _mm_andnot_si128(mask, _mm_loadu_si128(pixels))));
+}
+#endif
+
 // One triangle by its edge functions over its bounding box, pixel centres inside (or on a top or
 // left edge) filled where nearer than what is there.
-void SurfaceRenderer::Fill(const ScreenVertex& a, const ScreenVertex& b, const ScreenVertex& c, const Band& band) {
+void SurfaceRenderer::Fill(const ScreenVertex a, const ScreenVertex b, const ScreenVertex c, const Band& band) {
   const float top = std::min({a.Y, b.Y, c.Y}), bottom = std::max({a.Y, b.Y, c.Y});
   if (!(bottom >= static_cast<float>(band.first)) || !(top <= static_cast<float>(band.last) + 1)) return;
   const float area = (b.X - a.X) * (c.Y - a.Y) - (b.Y - a.Y) * (c.X - a.X);
@@ -115,7 +165,11 @@ void SurfaceRenderer::Fill(const ScreenVertex& a, const ScreenVertex& b, const S
     auto* line = reinterpret_cast<QRgb*>(band.bits + static_cast<qsizetype>(y) * band.stride);
     float* depth = m_depth.data() + static_cast<std::size_t>(y) * static_cast<std::size_t>(width);
     const float py = static_cast<float>(y) + 0.5f;
-    for (int x = x0; x <= x1; ++x) {
+    int x = x0;
+#if defined(__SSE2__)
+    for (; x <= x1 && x + 3 < width; x += 4) FillFour(a, b, c, inverse, x, x1, py, line, depth);
+#endif
+    for (; x <= x1; ++x) {  // at the picture's right edge, where four pixels would leave the row
       const float px = static_cast<float>(x) + 0.5f;
       const float wa = ((b.X - px) * (c.Y - py) - (b.Y - py) * (c.X - px)) * inverse;
       const float wb = ((c.X - px) * (a.Y - py) - (c.Y - py) * (a.X - px)) * inverse;

@@ -88,7 +88,10 @@ private:
     int first;
     int last;
   };
-  void Fill(const ScreenVertex& a, const ScreenVertex& b, const ScreenVertex& c, const Band& band);
+  // The corners by value: the compiler then knows that the pixels written are not among them.
+  void Fill(ScreenVertex a, ScreenVertex b, ScreenVertex c, const Band& band);
+  static void FillFour(const ScreenVertex& a, const ScreenVertex& b, const ScreenVertex& c, float inverse, int x, int last,
+                       float py, QRgb* line, float* depth);
   void DrawBox(const SurfaceRanges& box, const Camera& camera, QImage& image, double scale) const;
   void DrawNumbers(QPainter& painter, const SurfaceRanges& box, const Camera& camera, QSize size, double scale) const;
   void DrawMeshLines(const Mesh& mesh, QImage& image) const;

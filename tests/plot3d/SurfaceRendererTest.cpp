@@ -223,6 +223,75 @@ TEST(SurfaceRenderer, AMeshChangedInPlaceIsDrawnAfresh) {
   EXPECT_EQ(Rendered(kept, mesh, {}, Camera{}, 2), Rendered(fresh, mesh, {}, Camera{}, 2));
 }
 
+namespace {
+
+// The surface drawn the plain way: each point projected and coloured on its own, each triangle
+// filled one pixel at a time on one core, with the renderer's formulas.
+QImage PlainPicture(const Mesh& mesh, const SurfaceRanges& box, const Camera& camera, QSize size) {
+  struct Corner {
+    float X, Y, Depth, R, G, B;
+  };
+  double low = INFINITY, high = -INFINITY;
+  for (const Vec3& p : mesh.Positions) low = std::min(low, p.Z), high = std::max(high, p.Z);
+  const Vec3 light = Normalized(Vec3{-0.4, 0.5, 1});
+  std::vector<Corner> corners;
+  for (std::size_t i = 0; i < mesh.Positions.size(); ++i) {
+    const Camera::Projected s = camera.Project(mesh.Positions[i], box, size);
+    const float brightness = 0.35f + 0.65f * static_cast<float>(std::abs(Dot(Normalized(camera.ToView(mesh.Normals[i])), light)));
+    const QRgb c = SurfaceRenderer::HeightColor((mesh.Positions[i].Z - low) / (high - low));
+    corners.push_back({static_cast<float>(s.X), static_cast<float>(s.Y), static_cast<float>(s.Depth),
+                       static_cast<float>(qRed(c)) * brightness, static_cast<float>(qGreen(c)) * brightness,
+                       static_cast<float>(qBlue(c)) * brightness});
+  }
+  QImage image(size, QImage::Format_RGB32);
+  image.fill(Qt::white);
+  std::vector<float> depth(static_cast<std::size_t>(size.width() * size.height()), -INFINITY);
+  for (const auto& t : mesh.Triangles) {
+    const Corner a = corners[t[0]], b = corners[t[1]], c = corners[t[2]];
+    const float area = (b.X - a.X) * (c.Y - a.Y) - (b.Y - a.Y) * (c.X - a.X);
+    if (!(std::abs(area) > 1e-12f)) continue;
+    const int x0 = std::max(0, static_cast<int>(std::floor(std::min({a.X, b.X, c.X}))));
+    const int x1 = std::min(size.width() - 1, static_cast<int>(std::ceil(std::max({a.X, b.X, c.X}))));
+    const int y0 = std::max(0, static_cast<int>(std::floor(std::min({a.Y, b.Y, c.Y}))));
+    const int y1 = std::min(size.height() - 1, static_cast<int>(std::ceil(std::max({a.Y, b.Y, c.Y}))));
+    for (int y = y0; y <= y1; ++y) {
+      for (int x = x0; x <= x1; ++x) {
+        const float px = static_cast<float>(x) + 0.5f, py = static_cast<float>(y) + 0.5f;
+        const float wa = ((b.X - px) * (c.Y - py) - (b.Y - py) * (c.X - px)) * (1 / area);
+        const float wb = ((c.X - px) * (a.Y - py) - (c.Y - py) * (a.X - px)) * (1 / area);
+        const float wc = 1 - wa - wb;
+        if (wa < 0 || wb < 0 || wc < 0) continue;
+        const float z = wa * a.Depth + wb * b.Depth + wc * c.Depth;
+        float& nearest = depth[static_cast<std::size_t>(y * size.width() + x)];
+        if (z <= nearest) continue;
+        nearest = z;
+        const auto channel = [&](float va, float vb, float vc) { return std::clamp(static_cast<int>(wa * va + wb * vb + wc * vc), 0, 255); };
+        image.setPixel(x, y, qRgb(channel(a.R, b.R, c.R), channel(a.G, b.G, c.G), channel(a.B, b.B, c.B)));
+      }
+    }
+  }
+  return image;
+}
+
+}  // namespace
+
+// The renderer keeps the points' colours, fills four pixels at once and two bands on two cores:
+// the picture of the plain way, pixel for pixel, also where the surface leaves the picture.
+TEST(SurfaceRenderer, TheSurfaceIsThePlainWaysPicture) {
+  SurfaceRanges box;
+  const Mesh heart = Heart(box);
+  SurfaceRenderer renderer;
+  Camera camera;
+  for (const double zoom : {1.0, 2.9}) {
+    for (const QSize size : {QSize(320, 240), QSize(203, 317)}) {
+      camera.Zoom = zoom, camera.Azimuth += 0.7, camera.Elevation = -camera.Elevation;
+      QImage image(size, QImage::Format_RGB32);
+      renderer.Render(heart, box, camera, image, {Qt::white, false, false});
+      EXPECT_EQ(image, PlainPicture(heart, box, camera, size)) << zoom << " " << size.width();
+    }
+  }
+}
+
 TEST(Camera, TheProjectionWorkedOutOnceGivesProjectsNumbers) {
   Camera camera;
   camera.Azimuth = 0.7, camera.Elevation = -0.3, camera.Zoom = 1.7;
