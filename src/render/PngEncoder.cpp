@@ -21,8 +21,8 @@ namespace {
 
 using Bytes = std::vector<unsigned char>;
 
-// zlib's fastest level: on plots it takes a fifth of the default level's time for files a third
-// larger, and the row above has taken most of the redundancy out already.
+// zlib's fastest level: on plots it takes less than half the default level's time for files a
+// third larger, as the row above has taken most of the redundancy out already.
 constexpr int kLevel = 1;
 // A band is at least this much filtered data, so a small picture is one band on the calling
 // thread; a large one is cut into a few bands for each core, so that a core that gets the empty
