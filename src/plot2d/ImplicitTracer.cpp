@@ -47,17 +47,21 @@ std::vector<double> ImplicitTracer::Values(const std::vector<double>& xs, const 
 }
 
 std::vector<QPolygonF> ImplicitTracer::Trace() const {
-  std::vector<Cell> cells = CoarseCells();
-  while (!cells.empty() && cells.front().Size > 1) cells = Split(cells);
+  std::vector<Samples> samples;
+  std::vector<Cell> cells = CoarseCells(samples);
+  while (!cells.empty() && cells.front().Size > 1) cells = Split(cells, samples);
   // Contour the leaves, then the neighbours the curve leads into, until it leads nowhere new.
   std::vector<Segment> segments;
   // One bit a leaf: whether it has been contoured or is waiting to be.
   std::vector<bool> seen(static_cast<size_t>(m_columns) * static_cast<size_t>(m_rows), false);
   const auto bit = [&](const Cell& c) { return static_cast<size_t>(c.Y) * static_cast<size_t>(m_columns) + static_cast<size_t>(c.X); };
   for (const Cell& c : cells) seen[bit(c)] = true;
+  const std::vector<Samples>* known = &samples;  // the split leaves come with theirs
   while (!cells.empty()) {
     std::vector<Cell> next;
-    for (const Cell& c : Contour(cells, segments)) {
+    const std::vector<Cell> neighbours = Contour(cells, known, segments);
+    known = nullptr;
+    for (const Cell& c : neighbours) {
       if (c.X < 0 || c.Y < 0 || c.X >= m_columns || c.Y >= m_rows || seen[bit(c)]) continue;
       seen[bit(c)] = true;
       next.push_back(c);
@@ -68,7 +72,7 @@ std::vector<QPolygonF> ImplicitTracer::Trace() const {
 }
 
 // The coarse cells whose corners and centre differ in sign or definedness.
-std::vector<ImplicitTracer::Cell> ImplicitTracer::CoarseCells() const {
+std::vector<ImplicitTracer::Cell> ImplicitTracer::CoarseCells(std::vector<Samples>& samples) const {
   const int columns = m_columns / kCoarse;
   const int rows = m_rows / kCoarse;
   std::vector<double> xs, ys;
@@ -81,51 +85,72 @@ std::vector<ImplicitTracer::Cell> ImplicitTracer::CoarseCells() const {
   const std::vector<double> v = Values(xs, ys);
   const auto corner = [&](int i, int j) { return SignOf(v[static_cast<size_t>(j * (columns + 1) + i)]); };
   const size_t centres = static_cast<size_t>((columns + 1) * (rows + 1));
+  const auto value = [&](int i, int j) { return v[static_cast<size_t>(j * (columns + 1) + i)]; };
   std::vector<Cell> cells;
+  samples.clear();
   for (int j = 0; j < rows; ++j) {
     for (int i = 0; i < columns; ++i) {
       const int first = corner(i, j);
+      const double centre = v[centres + static_cast<size_t>(j * columns + i)];
       const bool mixed = corner(i + 1, j) != first || corner(i, j + 1) != first || corner(i + 1, j + 1) != first ||
-                         SignOf(v[centres + static_cast<size_t>(j * columns + i)]) != first;
-      if (mixed) cells.push_back({i * kCoarse, j * kCoarse, kCoarse});
+                         SignOf(centre) != first;
+      if (!mixed) continue;
+      cells.push_back({i * kCoarse, j * kCoarse, kCoarse});
+      samples.push_back({value(i, j), value(i + 1, j), value(i + 1, j + 1), value(i, j + 1), centre});
     }
   }
   return cells;
 }
 
-// The quarters of the cells that still differ in sign or definedness at corners or centre.
-std::vector<ImplicitTracer::Cell> ImplicitTracer::Split(const std::vector<Cell>& cells) const {
-  std::vector<Cell> quarters(cells.size() * 4);
-  std::vector<double> xs(quarters.size() * 5), ys(quarters.size() * 5);
+// The quarters of the cells that still differ in sign or definedness at corners or centre. A
+// cell's corners and centre are corners of its quarters: only the middles of its edges and the
+// quarters' centres are new. Every point is reached through the same whole leaf numbers as when
+// it is sampled on its own, so its value is the same.
+std::vector<ImplicitTracer::Cell> ImplicitTracer::Split(const std::vector<Cell>& cells, std::vector<Samples>& samples) const {
+  constexpr size_t kNew = 8;  // four middles of edges (bottom, right, top, left), four centres
+  std::vector<double> xs(cells.size() * kNew), ys(cells.size() * kNew);
   for (size_t c = 0; c < cells.size(); ++c) {
-    const int half = cells[c].Size / 2;
+    const Cell& cell = cells[c];
+    const int half = cell.Size / 2;
+    const int middles[4][2] = {{half, 0}, {2 * half, half}, {half, 2 * half}, {0, half}};
+    for (size_t k = 0; k < 4; ++k) {
+      xs[c * kNew + k] = XAt(cell.X + middles[k][0]);
+      ys[c * kNew + k] = YAt(cell.Y + middles[k][1]);
+    }
     for (int q = 0; q < 4; ++q) {
-      const size_t at = c * 4 + static_cast<size_t>(q);
-      const Cell quarter{cells[c].X + (q & 1) * half, cells[c].Y + (q >> 1) * half, half};
-      quarters[at] = quarter;
-      for (size_t k = 0; k < 4; ++k) {
-        xs[at * 5 + k] = XAt(quarter.X + kCorners[k][0] * half);
-        ys[at * 5 + k] = YAt(quarter.Y + kCorners[k][1] * half);
-      }
-      xs[at * 5 + 4] = XAt(quarter.X + half / 2.0);
-      ys[at * 5 + 4] = YAt(quarter.Y + half / 2.0);
+      xs[c * kNew + 4 + static_cast<size_t>(q)] = XAt(cell.X + (q & 1) * half + half / 2.0);
+      ys[c * kNew + 4 + static_cast<size_t>(q)] = YAt(cell.Y + (q >> 1) * half + half / 2.0);
     }
   }
   const std::vector<double> v = Values(xs, ys);
   std::vector<Cell> kept;
-  kept.reserve(quarters.size() / 2);
-  for (size_t i = 0; i < quarters.size(); ++i) {
-    const int first = SignOf(v[i * 5]);
-    bool mixed = false;
-    for (size_t k = 1; k < 5; ++k) mixed |= SignOf(v[i * 5 + k]) != first;
-    if (mixed) kept.push_back(quarters[i]);
+  std::vector<Samples> keptSamples;
+  kept.reserve(cells.size() * 2);
+  keptSamples.reserve(cells.size() * 2);
+  for (size_t c = 0; c < cells.size(); ++c) {
+    const Samples& s = samples[c];
+    const double* n = &v[c * kNew];
+    // The 3x3 points of the cell, row by row from the bottom.
+    const double grid[3][3] = {{s[0], n[0], s[1]}, {n[3], s[4], n[1]}, {s[3], n[2], s[2]}};
+    const int half = cells[c].Size / 2;
+    for (int q = 0; q < 4; ++q) {
+      const int qx = q & 1, qy = q >> 1;
+      const Samples quarter = {grid[qy][qx], grid[qy][qx + 1], grid[qy + 1][qx + 1], grid[qy + 1][qx], n[4 + q]};
+      const int first = SignOf(quarter[0]);
+      bool mixed = false;
+      for (size_t k = 1; k < 5; ++k) mixed |= SignOf(quarter[k]) != first;
+      if (!mixed) continue;
+      kept.push_back({cells[c].X + qx * half, cells[c].Y + qy * half, half});
+      keptSamples.push_back(quarter);
+    }
   }
+  samples.swap(keptSamples);
   return kept;
 }
 
 // Marching squares in each leaf, the centre deciding the saddles. Returns the neighbours across
 // the edges the curve crosses.
-std::vector<ImplicitTracer::Cell> ImplicitTracer::Contour(const std::vector<Cell>& leaves,
+std::vector<ImplicitTracer::Cell> ImplicitTracer::Contour(const std::vector<Cell>& leaves, const std::vector<Samples>* samples,
                                                           std::vector<Segment>& segments) const {
   std::vector<double> xs(leaves.size() * 5), ys(leaves.size() * 5);
   for (size_t i = 0; i < leaves.size(); ++i) {
@@ -133,7 +158,13 @@ std::vector<ImplicitTracer::Cell> ImplicitTracer::Contour(const std::vector<Cell
     for (size_t k = 0; k < 4; ++k) xs[i * 5 + k] = XAt(c.X + kCorners[k][0]), ys[i * 5 + k] = YAt(c.Y + kCorners[k][1]);
     xs[i * 5 + 4] = XAt(c.X + 0.5), ys[i * 5 + 4] = YAt(c.Y + 0.5);
   }
-  const std::vector<double> v = Values(xs, ys);
+  std::vector<double> v;
+  if (samples) {
+    v.resize(leaves.size() * 5);
+    for (size_t i = 0; i < leaves.size(); ++i) std::copy((*samples)[i].begin(), (*samples)[i].end(), v.begin() + static_cast<std::ptrdiff_t>(i * 5));
+  } else {
+    v = Values(xs, ys);
+  }
 
   // Every crossed edge, oriented from its lower-left end so that the two leaves sharing it find
   // the very same point.
@@ -308,7 +339,8 @@ std::vector<ImplicitTracer::Cell> ImplicitTracer::Contour(const std::vector<Cell
 }
 
 // Joins segments that share end points into polylines, so the painter strokes few long lines.
-// End points are matched through a sorted array of their keys.
+// End points are matched through a sorted array of their keys; every end knows its place in it,
+// so following a line needs neither a search nor its keys computed again.
 std::vector<QPolygonF> ImplicitTracer::Chain(const std::vector<Segment>& segments) const {
   const auto key = [&](const QPointF& p) {
     const qint64 ix = qRound64((p.x() - m_view.XMin()) / m_leafWidth * 4096);
@@ -320,16 +352,34 @@ std::vector<QPolygonF> ImplicitTracer::Chain(const std::vector<Segment>& segment
     std::uint32_t Segment;
     bool operator<(const End& other) const { return Key < other.Key; }
   };
+  // End 2i is segment i's A, 2i + 1 its B.
+  std::vector<qint64> keyOf(segments.size() * 2);
   std::vector<End> ends(segments.size() * 2);
   for (size_t i = 0; i < segments.size(); ++i) {
-    ends[2 * i] = {key(segments[i].A), static_cast<std::uint32_t>(i)};
-    ends[2 * i + 1] = {key(segments[i].B), static_cast<std::uint32_t>(i)};
+    keyOf[2 * i] = key(segments[i].A);
+    keyOf[2 * i + 1] = key(segments[i].B);
+    ends[2 * i] = {keyOf[2 * i], static_cast<std::uint32_t>(i)};
+    ends[2 * i + 1] = {keyOf[2 * i + 1], static_cast<std::uint32_t>(i)};
   }
   std::sort(ends.begin(), ends.end());
+  // The first place of each end's key in the sorted array.
+  std::vector<std::uint32_t> groupOf(segments.size() * 2);
+  {
+    std::vector<std::uint32_t> first(ends.size());
+    for (std::uint32_t p = 0; p < ends.size(); ++p) first[p] = p > 0 && ends[p].Key == ends[p - 1].Key ? first[p - 1] : p;
+    // Each segment's two ends find their places; a segment whose ends share a key takes the same.
+    std::vector<std::uint8_t> placed(segments.size(), 0);
+    for (std::uint32_t p = 0; p < ends.size(); ++p) {
+      const std::uint32_t s = ends[p].Segment;
+      const bool isA = keyOf[2 * s] == ends[p].Key && !(placed[s] & 1);
+      groupOf[2 * s + (isA ? 0 : 1)] = first[p];
+      placed[s] |= isA ? 1 : 2;
+    }
+  }
   std::vector<bool> used(segments.size(), false);
-  const auto next = [&](qint64 k) -> std::optional<size_t> {
-    for (auto it = std::lower_bound(ends.begin(), ends.end(), End{k, 0}); it != ends.end() && it->Key == k; ++it) {
-      if (!used[it->Segment]) return it->Segment;
+  const auto next = [&](std::uint32_t group, qint64 k) -> std::optional<size_t> {
+    for (std::uint32_t p = group; p < ends.size() && ends[p].Key == k; ++p) {
+      if (!used[ends[p].Segment]) return ends[p].Segment;
     }
     return std::nullopt;
   };
@@ -342,15 +392,12 @@ std::vector<QPolygonF> ImplicitTracer::Chain(const std::vector<Segment>& segment
     QPolygonF backward;
     for (int direction = 0; direction < 2; ++direction) {
       QPolygonF& grown = direction == 0 ? forward : backward;
-      QPointF tip = direction == 0 ? segments[start].B : segments[start].A;
-      qint64 tipKey = key(tip);
-      while (const auto found = next(tipKey)) {
+      size_t tipEnd = 2 * start + (direction == 0 ? 1 : 0);
+      while (const auto found = next(groupOf[tipEnd], keyOf[tipEnd])) {
         used[*found] = true;
-        const Segment& s = segments[*found];
-        const bool fromA = key(s.A) == tipKey;
-        tip = fromA ? s.B : s.A;
-        tipKey = key(tip);
-        grown.append(tip);
+        const bool fromA = keyOf[2 * *found] == keyOf[tipEnd];
+        tipEnd = 2 * *found + (fromA ? 1 : 0);
+        grown.append(fromA ? segments[*found].B : segments[*found].A);
       }
     }
     QPolygonF line;

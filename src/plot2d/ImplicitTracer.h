@@ -5,6 +5,7 @@
 
 #include <QPolygonF>
 
+#include <array>
 #include <vector>
 
 namespace plot2d {
@@ -37,9 +38,14 @@ private:
   double XAt(double leafX) const { return m_view.XMin() + leafX * m_leafWidth; }
   double YAt(double leafY) const { return m_view.YMin() + leafY * m_leafHeight; }
   std::vector<double> Values(const std::vector<double>& xs, const std::vector<double>& ys) const;
-  std::vector<Cell> CoarseCells() const;
-  std::vector<Cell> Split(const std::vector<Cell>& cells) const;
-  std::vector<Cell> Contour(const std::vector<Cell>& leaves, std::vector<Segment>& segments) const;
+  // The function's values at a cell's corners (counter-clockwise from the lower left) and centre.
+  using Samples = std::array<double, 5>;
+  std::vector<Cell> CoarseCells(std::vector<Samples>& samples) const;
+  // Each cell's quarters are sampled where the cell's own samples do not already tell.
+  std::vector<Cell> Split(const std::vector<Cell>& cells, std::vector<Samples>& samples) const;
+  // samples, where given, are the leaves' own; otherwise they are computed.
+  std::vector<Cell> Contour(const std::vector<Cell>& leaves, const std::vector<Samples>* samples,
+                            std::vector<Segment>& segments) const;
   std::vector<QPolygonF> Chain(const std::vector<Segment>& segments) const;
 
   const mathlang::BlockProgram& m_difference;
