@@ -133,3 +133,26 @@ TEST(BlockEvaluation, NegationsTakenOverByConstantsAreExact) {
     }
   }
 }
+
+// Two variables read from their own arrays, as the implicit curves use them.
+TEST(BlockEvaluation, TwoVariablesAgreeWithThePointEvaluation) {
+  std::vector<double> xs, ys;
+  for (double x = -3; x <= 3; x += 0.0617) {
+    for (double y = -3; y <= 3; y += 0.0733) xs.push_back(x), ys.push_back(y);
+  }
+  for (const char* text : {"x^2+y^2-4", "x*y-1", "sin(x)-y", "-x/3+y^3", "exp(-y/5)*x", "(x^2+y^2)^0.5-2"}) {
+    const ParsedLine line = ParseExpression(text);
+    ASSERT_TRUE(line.Ok()) << text;
+    const BlockProgram program = Compile(line);
+    std::vector<double> block(xs.size());
+    BlockProgram::Inputs inputs{};
+    inputs[0] = xs.data();
+    inputs[1] = ys.data();
+    program.Evaluate(inputs, xs.size(), block.data());
+    for (size_t i = 0; i < xs.size(); ++i) {
+      const double variables[kVariableCount] = {xs[i], ys[i], 0, 0, 0, 0, 0, 0, 0};
+      const double point = line.Tree.EvaluateAt(variables);
+      ASSERT_TRUE(SameNumber(block[i], point, xs[i])) << text << " at " << xs[i] << "," << ys[i];
+    }
+  }
+}
