@@ -22,6 +22,19 @@ const double* Zeros() {
 
 double LogOfE() { return std::log(numeric::kE); }
 
+// The nodes under root, in evaluation order (children have lower indices than parents).
+std::vector<bool> Reachable(const ExpressionTree& tree, int root) {
+  std::vector<bool> reachable(static_cast<size_t>(root) + 1, false);
+  reachable[static_cast<size_t>(root)] = true;
+  for (int i = root; i >= 0; --i) {
+    if (!reachable[static_cast<size_t>(i)]) continue;
+    const Node& n = tree.At(i);
+    if (n.A >= 0) reachable[static_cast<size_t>(n.A)] = true;
+    if (n.B >= 0) reachable[static_cast<size_t>(n.B)] = true;
+  }
+  return reachable;
+}
+
 bool ScalesByConstant(NodeKind kind) { return kind == NodeKind::Multiply || kind == NodeKind::Divide; }
 
 // The negations that a product or quotient with a constant takes over: (-a)/c is a/(-c), and
@@ -55,15 +68,7 @@ BlockProgram::BlockProgram(const ExpressionTree& tree, int root) {
     m_result = {SourceKind::Constant, 0, kNaN};
     return;
   }
-  // The nodes under root, in evaluation order (children have lower indices than parents).
-  std::vector<bool> reachable(static_cast<size_t>(root) + 1, false);
-  reachable[static_cast<size_t>(root)] = true;
-  for (int i = root; i >= 0; --i) {
-    if (!reachable[static_cast<size_t>(i)]) continue;
-    const Node& n = tree.At(i);
-    if (n.A >= 0) reachable[static_cast<size_t>(n.A)] = true;
-    if (n.B >= 0) reachable[static_cast<size_t>(n.B)] = true;
-  }
+  const std::vector<bool> reachable = Reachable(tree, root);
   const std::vector<bool> absorbed = AbsorbedNegations(tree, root, reachable);
   std::vector<Source> sources(static_cast<size_t>(root) + 1);
   std::vector<int> freeRegisters;
