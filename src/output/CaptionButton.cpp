@@ -11,27 +11,36 @@ namespace {
 constexpr int kIconSide = 30;
 constexpr int kLeast = 46;  // the height of a button of two lines
 
-// The icon, painted at the screen's density by the icon's own engine.
+// The icon, painted at the screen's density by the icon's own engine. It is made when it is
+// first painted: an icon of a picture file decodes the whole file as it is made.
 class IconView : public QWidget {
 public:
-  IconView(const QIcon& icon, QWidget* parent) : QWidget(parent), m_icon(icon) {
+  IconView(std::function<QIcon()> make, QWidget* parent) : QWidget(parent), m_make(std::move(make)) {
     setFixedSize(kIconSide, kIconSide);
     setAttribute(Qt::WA_TransparentForMouseEvents);
   }
 
 protected:
   void paintEvent(QPaintEvent*) override {
+    if (m_make) {
+      m_icon = m_make();
+      m_make = nullptr;
+    }
     QPainter painter(this);
     m_icon.paint(&painter, rect(), Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
   }
 
 private:
+  std::function<QIcon()> m_make;
   QIcon m_icon;
 };
 
 }  // namespace
 
 CaptionButton::CaptionButton(const QString& caption, const QString& description, const QIcon& icon, QWidget* parent)
+    : CaptionButton(caption, description, [icon] { return icon; }, parent) {}
+
+CaptionButton::CaptionButton(const QString& caption, const QString& description, std::function<QIcon()> icon, QWidget* parent)
     : QPushButton(parent) {
   setProperty("captionButton", true);
   setCursor(Qt::PointingHandCursor);
@@ -41,7 +50,7 @@ CaptionButton::CaptionButton(const QString& caption, const QString& description,
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(12, 5, 12, 5);
   row->setSpacing(12);
-  auto* picture = new IconView(icon, this);
+  auto* picture = new IconView(std::move(icon), this);
   picture->setObjectName(QStringLiteral("imgIcon"));
   row->addWidget(picture, 0, Qt::AlignVCenter);
   auto* lines = new QVBoxLayout;

@@ -4,6 +4,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include <functional>
+
 namespace output {
 
 // A large backstage button with two lines beside its icon: a caption in the text's colour and a
@@ -14,6 +16,8 @@ class CaptionButton : public QPushButton {
 
 public:
   CaptionButton(const QString& caption, const QString& description, const QIcon& icon, QWidget* parent = nullptr);
+  // The icon is made when the button is first painted.
+  CaptionButton(const QString& caption, const QString& description, std::function<QIcon()> icon, QWidget* parent = nullptr);
 
   QString Caption() const { return m_caption->text(); }
   QString Description() const { return m_description->text(); }

@@ -46,8 +46,8 @@ pageSamples::pageSamples(core::SharedState& state, platform::MessageBoxes& boxes
   for (std::size_t i = 0; i < kSamples.size(); ++i) {
     const Sample& sample = kSamples[i];
     const QString picture = SampleFile(sample.Tag, ".jpg");
-    // The sample's own picture as its icon: QIcon reads the file only when it is painted.
-    const QIcon icon = QFileInfo::exists(picture) ? QIcon(picture) : fallback;
+    // The sample's own picture as its icon, read when the button is first shown.
+    const auto icon = [picture, fallback] { return QFileInfo::exists(picture) ? QIcon(picture) : fallback; };
     auto* button = new CaptionButton(QString::fromUtf8(sample.Title), QString::fromUtf8(sample.Description), icon, list);
     button->setObjectName(QStringLiteral("btnSample"));
     button->setProperty("tag", QString::fromUtf8(sample.Tag));

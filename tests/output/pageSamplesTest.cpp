@@ -188,3 +188,22 @@ TEST(pageSamples, AHiddenPageLoadsWithoutTheBox) {
 }
 
 }  // namespace
+
+// The samples' pictures are read when their buttons are first painted, not when the page is
+// made: the page is built with the main window, long before anyone opens it.
+TEST(pageSamples, PicturesAreReadWhenFirstShown) {
+  Page p;
+  QImage red(80, 60, QImage::Format_RGB32);
+  red.fill(Qt::red);
+  ASSERT_TRUE(red.save(p.Picture("Circle")));
+  p.page->show();
+  auto* icon = p->btnSample(0)->findChild<QWidget*>(QStringLiteral("imgIcon"));
+  ASSERT_NE(icon, nullptr);
+  const QColor middle = icon->grab().toImage().pixelColor(15, 15);
+  EXPECT_GT(middle.red(), 200);
+  EXPECT_LT(middle.green(), 60);
+  // A sample without a picture shows the general picture icon instead.
+  auto* other = p->btnSample(2)->findChild<QWidget*>(QStringLiteral("imgIcon"));
+  ASSERT_NE(other, nullptr);
+  EXPECT_NE(other->grab().toImage().pixelColor(15, 15), QColor(Qt::red));
+}
