@@ -1,5 +1,7 @@
 #include "ImplicitTracer.h"
 
+#include "render/Parallel.h"
+
 #include <QHash>
 #include <QLineF>
 
@@ -46,10 +48,62 @@ std::vector<double> ImplicitTracer::Values(const std::vector<double>& xs, const 
   return out;
 }
 
+namespace {
+
+// Below this many cells a batch is worked on by the calling thread alone.
+constexpr size_t kHalvedFrom = 4096;
+
+// The first or second half of a batch.
+template <typename T>
+std::vector<T> Half(const std::vector<T>& all, size_t half) {
+  const auto middle = static_cast<std::ptrdiff_t>(all.size() / 2);
+  return half == 0 ? std::vector<T>(all.begin(), all.begin() + middle) : std::vector<T>(all.begin() + middle, all.end());
+}
+
+template <typename T>
+void Append(std::vector<T>& to, std::vector<T>& from) {
+  to.insert(to.end(), std::make_move_iterator(from.begin()), std::make_move_iterator(from.end()));
+}
+
+}  // namespace
+
+// Every cell is split and contoured on its own, so a large batch is worked on in two halves, one
+// on each core, and put back together in the cells' order: the same result as in one piece.
+// A curve that crosses much of the view (sin(x*y)=c) otherwise keeps one core busy long after
+// the rest of the scene is done.
+std::vector<ImplicitTracer::Cell> ImplicitTracer::SplitInHalves(const std::vector<Cell>& cells, std::vector<Samples>& samples) const {
+  if (cells.size() < kHalvedFrom) return Split(cells, samples);
+  std::array<std::vector<Cell>, 2> kept;
+  std::array<std::vector<Samples>, 2> keptSamples;
+  render::ParallelFor(2, [&](size_t h) {
+    keptSamples[h] = Half(samples, h);
+    kept[h] = Split(Half(cells, h), keptSamples[h]);
+  });
+  samples.swap(keptSamples[0]);
+  Append(samples, keptSamples[1]);
+  Append(kept[0], kept[1]);
+  return std::move(kept[0]);
+}
+
+std::vector<ImplicitTracer::Cell> ImplicitTracer::ContourInHalves(const std::vector<Cell>& leaves, const std::vector<Samples>* samples,
+                                                                  std::vector<Segment>& segments) const {
+  if (leaves.size() < kHalvedFrom) return Contour(leaves, samples, segments);
+  std::array<std::vector<Cell>, 2> neighbours;
+  std::array<std::vector<Segment>, 2> found;
+  render::ParallelFor(2, [&](size_t h) {
+    const std::vector<Samples> known = samples ? Half(*samples, h) : std::vector<Samples>{};
+    neighbours[h] = Contour(Half(leaves, h), samples ? &known : nullptr, found[h]);
+  });
+  Append(segments, found[0]);
+  Append(segments, found[1]);
+  Append(neighbours[0], neighbours[1]);
+  return std::move(neighbours[0]);
+}
+
 std::vector<QPolygonF> ImplicitTracer::Trace() const {
   std::vector<Samples> samples;
   std::vector<Cell> cells = CoarseCells(samples);
-  while (!cells.empty() && cells.front().Size > 1) cells = Split(cells, samples);
+  while (!cells.empty() && cells.front().Size > 1) cells = SplitInHalves(cells, samples);
   // Contour the leaves, then the neighbours the curve leads into, until it leads nowhere new.
   std::vector<Segment> segments;
   // One bit a leaf: whether it has been contoured or is waiting to be.
@@ -59,7 +113,7 @@ std::vector<QPolygonF> ImplicitTracer::Trace() const {
   const std::vector<Samples>* known = &samples;  // the split leaves come with theirs
   while (!cells.empty()) {
     std::vector<Cell> next;
-    const std::vector<Cell> neighbours = Contour(cells, known, segments);
+    const std::vector<Cell> neighbours = ContourInHalves(cells, known, segments);
     known = nullptr;
     for (const Cell& c : neighbours) {
       if (c.X < 0 || c.Y < 0 || c.X >= m_columns || c.Y >= m_rows || seen[bit(c)]) continue;

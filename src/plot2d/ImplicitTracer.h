@@ -46,6 +46,10 @@ private:
   // samples, where given, are the leaves' own; otherwise they are computed.
   std::vector<Cell> Contour(const std::vector<Cell>& leaves, const std::vector<Samples>* samples,
                             std::vector<Segment>& segments) const;
+  // The same as Split and Contour, large batches in two halves at once.
+  std::vector<Cell> SplitInHalves(const std::vector<Cell>& cells, std::vector<Samples>& samples) const;
+  std::vector<Cell> ContourInHalves(const std::vector<Cell>& leaves, const std::vector<Samples>* samples,
+                                    std::vector<Segment>& segments) const;
   std::vector<QPolygonF> Chain(const std::vector<Segment>& segments) const;
 
   const mathlang::BlockProgram& m_difference;

@@ -156,6 +156,26 @@ TEST(ImplicitTracer, ACircleIsOneClosedLine) {
   EXPECT_LT(QLineF(lines[0].first(), lines[0].last()).length(), 0.05);
 }
 
+// A curve through many thousands of leaves is split and contoured in two halves at once; it
+// still comes out as one closed line, on the curve, with no piece twice or missing.
+TEST(ImplicitTracer, ALargeCircleIsOneClosedLineToo) {
+  const ParsedLine line = ParseLine("x^2+y^2=80");
+  ExpressionTree tree = line.Tree;
+  const BlockProgram difference(tree, tree.AddBinary(NodeKind::Subtract, line.Left, line.Right));
+  const auto lines = ImplicitTracer(difference, ViewTransform(-10, 10, -10, 10, QSize(3840, 3840)), 100).Trace();
+  ASSERT_EQ(lines.size(), 1u);
+  EXPECT_LT(QLineF(lines[0].first(), lines[0].last()).length(), 0.01);
+  // Leaves of two pixels around a circumference of about 5400.
+  EXPECT_GT(lines[0].size(), 4000);
+  double turned = 0;
+  for (qsizetype i = 0; i < lines[0].size(); ++i) {
+    const QPointF p = lines[0][i];
+    EXPECT_NEAR(std::hypot(p.x(), p.y()), std::sqrt(80.0), 1e-6);
+    if (i > 0) turned += std::remainder(std::atan2(p.y(), p.x()) - std::atan2(lines[0][i - 1].y(), lines[0][i - 1].x()), 2 * M_PI);
+  }
+  EXPECT_NEAR(std::abs(turned), 2 * M_PI, 0.01);  // once round, not twice
+}
+
 // A product of factors, each defined on its own piece: every piece is drawn, up to the corners
 // where a piece meets the edge of its domain.
 TEST(ImplicitTracer, ThePiecesOfABatmanEquationComeOutWhole) {
