@@ -78,28 +78,37 @@ void SurfaceRenderer::Shade(const Mesh& mesh, const SurfaceRanges& box, const Ca
   });
 }
 
-// Bands with alike shares of the mesh's points, so that the cores finish together whatever part
-// of the picture the surface fills.
-std::vector<int> SurfaceRenderer::BandStarts(int rows, int bands) const {
-  std::vector<std::size_t> perRow(static_cast<std::size_t>(rows), 0);
-  std::size_t total = 0;
-  for (const ScreenVertex& v : m_vertices) {
-    if (v.Y >= 0 && v.Y < static_cast<float>(rows)) ++perRow[static_cast<std::size_t>(v.Y)], ++total;
+void SurfaceRenderer::SortIntoBands(const Mesh& mesh, int rows, int bandRows) {
+  const auto bands = static_cast<std::uint32_t>((rows + bandRows - 1) / bandRows);
+  std::vector<std::uint32_t> bandOf(static_cast<std::size_t>(rows));
+  for (int y = 0; y < rows; ++y) bandOf[static_cast<std::size_t>(y)] = static_cast<std::uint32_t>(y / bandRows);
+  // The bands from first to last that a triangle's rows reach, as Fill takes them; a triangle
+  // with a corner beyond float's range is given to every band, and Fill decides.
+  const auto reach = [&](const std::array<std::uint32_t, 3>& t) -> std::array<std::uint32_t, 2> {
+    const ScreenVertex &a = m_vertices[t[0]], &b = m_vertices[t[1]], &c = m_vertices[t[2]];
+    const float top = std::floor(std::min({a.Y, b.Y, c.Y})), bottom = std::ceil(std::max({a.Y, b.Y, c.Y}));
+    if (!std::isfinite(top) || !std::isfinite(bottom)) return {0, bands};
+    if (bottom < 0 || top > static_cast<float>(rows - 1)) return {0, 0};
+    const int first = top <= 0 ? 0 : static_cast<int>(top);
+    const int last = bottom >= static_cast<float>(rows - 1) ? rows - 1 : static_cast<int>(bottom);
+    return {bandOf[static_cast<std::size_t>(first)], bandOf[static_cast<std::size_t>(last)] + 1};
+  };
+  const std::size_t count = mesh.Triangles.size();
+  m_reach.resize(count);
+  constexpr std::size_t kChunk = 16384;
+  render::ParallelFor((count + kChunk - 1) / kChunk, [&](std::size_t chunk) {
+    for (std::size_t i = chunk * kChunk; i < std::min(count, (chunk + 1) * kChunk); ++i) m_reach[i] = reach(mesh.Triangles[i]);
+  });
+  m_bandStart.assign(bands + 1, 0);
+  for (const auto& [from, to] : m_reach) {
+    for (std::uint32_t b = from; b < to; ++b) ++m_bandStart[b + 1];
   }
-  std::vector<int> starts{0};
-  std::size_t above = 0;
-  int row = 0;
-  for (int b = 1; b < bands; ++b) {
-    if (total == 0) {
-      starts.push_back(b * rows / bands);
-      continue;
-    }
-    const std::size_t share = total * static_cast<std::size_t>(b) / static_cast<std::size_t>(bands);
-    while (row < rows && above < share) above += perRow[static_cast<std::size_t>(row++)];
-    starts.push_back(row);
+  for (std::uint32_t b = 0; b < bands; ++b) m_bandStart[b + 1] += m_bandStart[b];
+  m_banded.resize(m_bandStart[bands]);
+  std::vector<std::uint32_t> next(m_bandStart.begin(), m_bandStart.end() - 1);
+  for (std::size_t i = 0; i < count; ++i) {
+    for (std::uint32_t b = m_reach[i][0]; b < m_reach[i][1]; ++b) m_banded[next[b]++] = static_cast<std::uint32_t>(i);
   }
-  starts.push_back(rows);
-  return starts;
 }
 
 #if defined(__SSE2__)
@@ -111,13 +120,13 @@ __m128i Clamped(__m128i v, __m128i top) {
   return _mm_andnot_si128(_mm_cmplt_epi32(v, _mm_setzero_si128()), v);
 }
 
-}  // namespace
-
 // Pixels x to x + 3 of a row, those up to last: the scalar loop's sums, in the same order, on
 // four pixels at once, so the same bits; a triangle of the heart is a pixel or two wide, and
-// most of its bounding box is one such step.
-void SurfaceRenderer::FillFour(const ScreenVertex& a, const ScreenVertex& b, const ScreenVertex& c, float inverse,
-                               int x, int last, float py, QRgb* line, float* depth) {
+// most of its bounding box is one such step. Called from one place, so inlined there, and what
+// does not change along the row or the triangle is worked out once.
+template <typename Corner>
+void FillFour(const Corner& a, const Corner& b, const Corner& c, float inverse, int x, int last, float py, QRgb* line,
+              float* depth) {
   const __m128i lanes = _mm_add_epi32(_mm_set1_epi32(x), _mm_setr_epi32(0, 1, 2, 3));
   const __m128 px = _mm_add_ps(_mm_cvtepi32_ps(lanes), _mm_set1_ps(0.5f));
   const __m128 ax = _mm_sub_ps(_mm_set1_ps(a.X), px), bx = _mm_sub_ps(_mm_set1_ps(b.X), px);
@@ -146,6 +155,8 @@ void SurfaceRenderer::FillFour(const ScreenVertex& a, const ScreenVertex& b, con
   const __m128i mask = _mm_castps_si128(draw);
   _mm_storeu_si128(pixels, _mm_or_si128(_mm_and_si128(mask, colour), _mm_andnot_si128(mask, _mm_loadu_si128(pixels))));
 }
+
+}  // namespace
 #endif
 
 // One triangle by its edge functions over its bounding box, pixel centres inside (or on a top or
@@ -345,20 +356,29 @@ void SurfaceRenderer::Render(const Mesh& mesh, const SurfaceRanges& box, const C
   if (image.format() != QImage::Format_RGB32 && image.format() != QImage::Format_ARGB32) {
     image = image.convertToFormat(QImage::Format_RGB32);
   }
-  image.fill(options.Background);
-  const int width = image.width(), rows = image.height();
+  // The background's pixel as QImage::fill writes it; each band fills its own rows.
+  QImage one(1, 1, image.format());
+  one.fill(options.Background);
+  const QRgb background = one.pixel(0, 0);
+  const int width = image.width(), rows = image.height(), bandRows = std::max(1, options.BandRows);
   m_depth.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(rows));
   Shade(mesh, box, camera, image.size());
-  // In bands of rows, one per core: each band takes every triangle that reaches it, in the mesh's
-  // order, so that each pixel sees the same triangles in the same order as in one band.
-  const std::vector<int> starts = BandStarts(rows, std::max(1, options.Bands));
+  SortIntoBands(mesh, rows, bandRows);
   uchar* bits = image.bits();  // detached once, here, before the threads write
-  render::ParallelFor(starts.size() - 1, [&](std::size_t b) {
-    const Band band{bits, image.bytesPerLine(), width, starts[b], starts[b + 1] - 1};
-    if (band.first > band.last) return;
-    std::fill(m_depth.begin() + static_cast<std::ptrdiff_t>(band.first) * width,
-              m_depth.begin() + static_cast<std::ptrdiff_t>(band.last + 1) * width, -std::numeric_limits<float>::infinity());
-    for (const auto& t : mesh.Triangles) Fill(m_vertices[t[0]], m_vertices[t[1]], m_vertices[t[2]], band);
+  const qsizetype stride = image.bytesPerLine();
+  render::ParallelFor(m_bandStart.size() - 1, [&](std::size_t b) {
+    const int first = static_cast<int>(b) * bandRows, last = std::min(rows, first + bandRows) - 1;
+    for (int y = first; y <= last; ++y) {
+      auto* line = reinterpret_cast<QRgb*>(bits + static_cast<qsizetype>(y) * stride);
+      std::fill(line, line + width, background);
+    }
+    std::fill(m_depth.begin() + static_cast<std::ptrdiff_t>(first) * width,
+              m_depth.begin() + static_cast<std::ptrdiff_t>(last + 1) * width, -std::numeric_limits<float>::infinity());
+    const Band band{bits, stride, width, first, last};
+    for (std::uint32_t n = m_bandStart[b]; n < m_bandStart[b + 1]; ++n) {
+      const auto& t = mesh.Triangles[m_banded[n]];
+      Fill(m_vertices[t[0]], m_vertices[t[1]], m_vertices[t[2]], band);
+    }
   });
   if (options.MeshLines) DrawMeshLines(mesh, image);
   if (options.Box) DrawBox(box, camera, image, ValidScale(options.Scale));

@@ -44,9 +44,10 @@ public:
     // The picture's pixels per pixel of the screen (the device pixel ratio): lines, numbers and
     // their spacing keep their size on the screen, and stay sharp on a dense one.
     double Scale = 1;
-    // The rows of the picture are filled in this many bands side by side, one per core: the
-    // picture is the same for any number.
-    int Bands = 2;
+    // The surface is filled in bands of this many rows, shared among the cores, each band with
+    // the triangles that reach it: its depths and pixels stay in the core's cache. The picture
+    // is the same for any height.
+    int BandRows = 64;
   };
 
   // Render keeps what a picture of a mesh needs that does not depend on the camera (its points
@@ -77,8 +78,8 @@ private:
   };
   void Prepare(const Mesh& mesh, const SurfaceRanges& box);
   void Shade(const Mesh& mesh, const SurfaceRanges& box, const Camera& camera, QSize size);
-  // The first row of each band and, last, the number of rows.
-  std::vector<int> BandStarts(int rows, int bands) const;
+  // Sorts the triangles into the bands of rows they reach, each band's in the mesh's order.
+  void SortIntoBands(const Mesh& mesh, int rows, int bandRows);
   // The rows first to last of the picture (pixels from bits, lines of stride bytes) that a
   // thread fills, with the depth buffer's rows beside them.
   struct Band {
@@ -90,8 +91,6 @@ private:
   };
   // The corners by value: the compiler then knows that the pixels written are not among them.
   void Fill(ScreenVertex a, ScreenVertex b, ScreenVertex c, const Band& band);
-  static void FillFour(const ScreenVertex& a, const ScreenVertex& b, const ScreenVertex& c, float inverse, int x, int last,
-                       float py, QRgb* line, float* depth);
   void DrawBox(const SurfaceRanges& box, const Camera& camera, QImage& image, double scale) const;
   void DrawNumbers(QPainter& painter, const SurfaceRanges& box, const Camera& camera, QSize size, double scale) const;
   void DrawMeshLines(const Mesh& mesh, QImage& image) const;
@@ -101,6 +100,9 @@ private:
   std::optional<Prepared> m_prepared;
   std::vector<Vec3> m_cube;      // the mesh's points in the cube [-1, 1]^3
   std::vector<QRgb> m_colours;   // their colours by height
+  std::vector<std::array<std::uint32_t, 2>> m_reach;  // the bands each triangle reaches, first to last + 1
+  std::vector<std::uint32_t> m_bandStart;  // where each band's triangles begin in m_banded
+  std::vector<std::uint32_t> m_banded;     // the numbers of the triangles, band after band
 };
 
 }  // namespace plot3d
