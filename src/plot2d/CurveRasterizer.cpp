@@ -38,7 +38,8 @@ void CurveRasterizer::Stroke(const std::vector<QPolygonF>& lines, QColor color, 
   if (m_antialiased) Blend(color);
 }
 
-void CurveRasterizer::Cover(int x, int y, double coverage) {
+// Called for every pixel a segment reaches: inlined into the loop that finds them.
+[[gnu::always_inline]] inline void CurveRasterizer::Cover(int x, int y, double coverage) {
   const size_t at = static_cast<size_t>(y) * static_cast<size_t>(m_width) + static_cast<size_t>(x);
   const auto c = static_cast<std::uint32_t>(coverage * 255 + 0.5);
   std::uint32_t& cell = m_cells[at];
@@ -61,6 +62,8 @@ void CurveRasterizer::Segment(QPointF a, QPointF b, double radius, double arcSta
   // its centre is.
   const double reach = m_antialiased ? radius + 0.5 : radius;
   const double reach2 = reach * reach;
+  // Pixels this close are covered whole: no square root for them.
+  const double whole2 = reach >= 1 ? (reach - 1) * (reach - 1) : -1;
   const double dx = b.x() - a.x();
   const double dy = b.y() - a.y();
   const double length2 = dx * dx + dy * dy;
@@ -99,13 +102,12 @@ void CurveRasterizer::Segment(QPointF a, QPointF b, double radius, double arcSta
       const double ey = py - (a.y() + t * dy);
       const double distance2 = ex * ex + ey * ey;
       if (distance2 >= reach2) continue;
-      const double coverage = reach - std::sqrt(distance2);
       if (pattern.Period > 0 && std::fmod(arcStart + t * length, pattern.Period) > pattern.On) continue;
       if (!m_antialiased) {
         reinterpret_cast<QRgb*>(m_bits + static_cast<qsizetype>(y) * m_stride)[x] = m_solid;
         continue;
       }
-      Cover(x, y, std::min(1.0, coverage));
+      Cover(x, y, distance2 <= whole2 ? 1.0 : std::min(1.0, reach - std::sqrt(distance2)));
     }
   }
 }
