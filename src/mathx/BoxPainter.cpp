@@ -1,5 +1,6 @@
 #include "BoxPainter.h"
 
+#include <QGlyphRun>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -93,11 +94,11 @@ void PaintBox(QPainter& painter, const LayoutBox& box, QPointF origin, const Fon
   const QPointF at(origin.x() + box.x, origin.y() + box.y);
   switch (box.kind) {
     case LayoutBox::Kind::Text: {
-      painter.setFont(fonts.Font(box.font, box.size));
       painter.setPen(color);
-      // Prepared text is placed by its top, the line's ascent above the baseline.
-      const double ascent = fonts.Metrics(box.font, box.size).ascent();
-      painter.drawStaticText(QPointF(at.x(), at.y() - ascent), fonts.Prepared(box.font, box.size, box.text));
+      // The glyphs are placed by the line's top, the ascent above the baseline. Shaped once and
+      // kept: laying the text out again for every paint cost more than painting it.
+      const QPointF top(at.x(), at.y() - fonts.Metrics(box.font, box.size).ascent());
+      for (const QGlyphRun& run : fonts.Glyphs(box.font, box.size, box.text)) painter.drawGlyphRun(top, run);
       break;
     }
     case LayoutBox::Kind::Rule: PaintRule(painter, box, at, color); break;

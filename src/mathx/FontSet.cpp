@@ -1,8 +1,11 @@
 #include "FontSet.h"
 
 #include <QStringList>
+#include <QTextLayout>
 
 #include <cmath>
+#include <cstdint>
+#include <limits>
 
 namespace mathx {
 
@@ -70,16 +73,42 @@ QRectF FontSet::Ink(FontRole role, double pixelSize, const QString& text) const 
   return *m_inks.insert(key, Metrics(role, pixelSize).tightBoundingRect(text));
 }
 
-const QStaticText& FontSet::Prepared(FontRole role, double pixelSize, const QString& text) const {
-  const QString key = CacheKey(role, pixelSize, text);
-  auto found = m_prepared.find(key);
-  if (found != m_prepared.end()) return *found;
-  if (m_prepared.size() > 2048) m_prepared.clear();
-  QStaticText prepared(text);
-  prepared.setTextFormat(Qt::PlainText);
-  prepared.setPerformanceHint(QStaticText::AggressiveCaching);
-  prepared.prepare(QTransform(), Font(role, pixelSize));
-  return *m_prepared.insert(key, prepared);
+const QList<QGlyphRun>& FontSet::Glyphs(FontRole role, double pixelSize, const QString& text) const {
+  // The key holds the face and the whole pixel size the font is made in, so a new size or face
+  // never finds the glyphs of another.
+  GlyphKey key{text, int(role), Key(pixelSize)};
+  auto found = m_glyphs.find(key);
+  if (found != m_glyphs.end()) return found->second;
+  if (m_glyphs.size() > 2048) m_glyphs.clear();
+  QList<QGlyphRun> runs = Shape(Font(role, pixelSize), text);
+  return m_glyphs.emplace(std::move(key), std::move(runs)).first->second;
+}
+
+// FNV-1a over the face, the size and the characters.
+std::size_t FontSet::GlyphKeyHash::operator()(const GlyphKey& key) const {
+  std::uint64_t hash = 14695981039346656037ull;
+  const auto mix = [&hash](std::uint64_t value) { hash = (hash ^ value) * 1099511628211ull; };
+  mix(std::uint64_t(key.role));
+  mix(std::uint64_t(key.pixels));
+  for (const QChar c : key.text) mix(c.unicode());
+  return std::size_t(hash);
+}
+
+// Laid out line by line as a prepared plain text lays itself out, so that the glyphs stand where
+// they stood when each paint laid the text out anew.
+QList<QGlyphRun> FontSet::Shape(const QFont& font, const QString& text) {
+  QTextLayout layout(text, font);
+  double height = 0;
+  layout.beginLayout();
+  for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+    line.setLeadingIncluded(true);
+    line.setLineWidth(std::numeric_limits<int>::max() / 256);
+    line.setPosition(QPointF(0, height));
+    height += line.height();
+    if (line.leading() < 0) height += std::ceil(line.leading());
+  }
+  layout.endLayout();
+  return layout.glyphRuns();
 }
 
 }  // namespace mathx

@@ -4,11 +4,14 @@
 
 #include <QFont>
 #include <QFontMetricsF>
+#include <QGlyphRun>
 #include <QHash>
+#include <QList>
 #include <QRectF>
-#include <QStaticText>
 
+#include <cstddef>
 #include <map>
+#include <unordered_map>
 #include <utility>
 
 namespace mathx {
@@ -24,18 +27,33 @@ public:
   double Advance(FontRole role, double pixelSize, const QString& text) const;
   // Where the ink of a short text lies, from its origin, remembered like the advances.
   QRectF Ink(FontRole role, double pixelSize, const QString& text) const;
-  // The text laid out once for painting, kept for the next paint.
-  const QStaticText& Prepared(FontRole role, double pixelSize, const QString& text) const;
+  // The text shaped once into glyphs for painting, kept for the next paint: placed with the top
+  // of its line at the origin, as a prepared text would be.
+  const QList<QGlyphRun>& Glyphs(FontRole role, double pixelSize, const QString& text) const;
 
 private:
   static int Key(double pixelSize);
   static QString CacheKey(FontRole role, double pixelSize, const QString& text);
   static QFont MakeFont(FontRole role, int pixels);
+  static QList<QGlyphRun> Shape(const QFont& font, const QString& text);
+  // The glyphs' key, hashed by hand: Qt's string hash, run between the glyphs' blits, left the
+  // blending of the glyphs that followed it several times slower.
+  struct GlyphKey {
+    QString text;
+    int role = 0;
+    int pixels = 0;
+    bool operator==(const GlyphKey& other) const {
+      return role == other.role && pixels == other.pixels && text == other.text;
+    }
+  };
+  struct GlyphKeyHash {
+    std::size_t operator()(const GlyphKey& key) const;
+  };
   mutable std::map<std::pair<int, int>, QFont> m_fonts;
   mutable std::map<std::pair<int, int>, QFontMetricsF> m_metrics;
   mutable QHash<QString, double> m_advances;
   mutable QHash<QString, QRectF> m_inks;
-  mutable QHash<QString, QStaticText> m_prepared;
+  mutable std::unordered_map<GlyphKey, QList<QGlyphRun>, GlyphKeyHash> m_glyphs;
 };
 
 }  // namespace mathx
