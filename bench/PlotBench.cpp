@@ -31,16 +31,20 @@ void BM_Scene_Quality20(benchmark::State& state) { Scene(state, 20); }
 BENCHMARK(BM_Scene_Quality100)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(BM_Scene_Quality20)->Unit(benchmark::kMillisecond)->UseRealTime();
 
-// The two halves of the heavy scene at quality 100: sampling, and painting what was sampled.
+// The two halves of the heavy scene, at quality 100 and 20: sampling, and painting what was
+// sampled.
 void BM_Scene_SampleOnly(benchmark::State& state) {
   plot2d::Plot plot;
   plot.SetSize(QSize(1920, 1080));
+  plot.SetQuality(static_cast<double>(state.range(0)));
   FillHeavyScene(plot);
   for (auto _ : state) plot.Redraw();
 }
 void BM_Scene_PaintOnly(benchmark::State& state) {
   plot2d::Plot plot;
   plot.SetSize(QSize(1920, 1080));
+  plot.SetQuality(static_cast<double>(state.range(0)));
+  plot.SetThickness(2);
   FillHeavyScene(plot);
   plot.Redraw();
   QImage image(1920, 1080, QImage::Format_ARGB32_Premultiplied);
@@ -61,8 +65,8 @@ void BM_Scene_NotablePoints(benchmark::State& state) {
 }
 BENCHMARK(BM_Scene_NotablePoints)->Arg(0)->Arg(100)->Arg(111)->Unit(benchmark::kMillisecond)->UseRealTime();
 
-BENCHMARK(BM_Scene_SampleOnly)->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK(BM_Scene_PaintOnly)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_Scene_SampleOnly)->Arg(100)->Arg(20)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_Scene_PaintOnly)->Arg(100)->Arg(20)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 }  // namespace
 

@@ -9,7 +9,7 @@ namespace plot2d {
 CurveRasterizer::CurveRasterizer(QImage& target, int firstRow)
     : m_image(target), m_bits(target.bits()), m_stride(target.bytesPerLine()), m_width(target.width()),
       m_height(target.height()), m_firstRow(firstRow),
-      m_cells(static_cast<size_t>(m_width) * static_cast<size_t>(m_height), 0) {}
+      m_cells() {}
 
 bool CurveRasterizer::CanDrawInto(const QImage& image) {
   return image.format() == QImage::Format_ARGB32_Premultiplied || image.format() == QImage::Format_RGB32;
@@ -22,6 +22,8 @@ void CurveRasterizer::Stroke(const std::vector<QPolygonF>& lines, QColor color, 
   }
   m_touched.clear();
   m_solid = qPremultiply(color.rgba());
+  // Only antialiased lines keep coverage per pixel; an aliased picture never needs the memory.
+  if (m_antialiased && m_cells.empty()) m_cells.assign(static_cast<size_t>(m_width) * static_cast<size_t>(m_height), 0);
   const double radius = std::max(0.5, width / 2);
   // The pen patterns of a dashed and a dotted line, in multiples of the width.
   Pattern pattern;
@@ -122,6 +124,7 @@ void CurveRasterizer::SolidSpans(QPointF a, QPointF b, double radius) {
   const int top = std::max(0, static_cast<int>(std::ceil(std::min(a.y(), b.y()) - radius - 0.5)));
   const int bottom = std::min(m_height - 1, static_cast<int>(std::floor(std::max(a.y(), b.y()) + radius - 0.5)));
   const double r2 = radius * radius;
+  int previousX0 = static_cast<int>(std::min(a.x(), b.x()));
   for (int y = top; y <= bottom; ++y) {
     const double py = y + 0.5;
     double from = std::numeric_limits<double>::infinity();
@@ -162,6 +165,10 @@ void CurveRasterizer::SolidSpans(QPointF a, QPointF b, double radius) {
     const int x0 = std::max(0, static_cast<int>(std::ceil(from - 0.5)));
     const int x1 = std::min(m_width - 1, static_cast<int>(std::floor(to - 0.5)));
     if (x0 > x1) continue;
+    // As in Segment: a steep line needs a new row's pixels every pixel or two; those two rows
+    // ahead are asked for now, a little further along the way the line goes.
+    if (y + 2 <= bottom) __builtin_prefetch(m_bits + static_cast<qsizetype>(y + 2) * m_stride + static_cast<qsizetype>(std::clamp(2 * x0 - previousX0, 0, m_width - 1)) * 4, 1);
+    previousX0 = x0;
     QRgb* row = reinterpret_cast<QRgb*>(m_bits + static_cast<qsizetype>(y) * m_stride);
     std::fill(row + x0, row + x1 + 1, m_solid);
   }
