@@ -7,6 +7,8 @@
 #include <atomic>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
+#include <memory>
 #include <thread>
 
 namespace plot3d {
@@ -36,8 +38,10 @@ public:
     for (int j = 0; j < m_side; ++j) {
       for (int i = 0; i < m_side; ++i) xs[Index(i, j, 0)] = m_min.X + i * m_step.X, ys[Index(i, j, 0)] = m_min.Y + j * m_step.Y;
     }
-    m_values.resize(layer * static_cast<std::size_t>(m_side));
-    m_codes.resize(m_values.size());
+    // Not cleared first: every value is written by its layer's evaluation, on the core that
+    // evaluates it, before anything reads it (a stopped volume is not read).
+    m_values.reset(new double[layer * static_cast<std::size_t>(m_side)]);
+    m_codes.reset(new std::uint8_t[layer * static_cast<std::size_t>(m_side)]);
     const std::thread::id caller = std::this_thread::get_id();
     std::atomic<int> done{0};
     int reported = 0;
@@ -48,7 +52,7 @@ public:
       inputs[static_cast<std::size_t>(Variable::X)] = xs.data();
       inputs[static_cast<std::size_t>(Variable::Y)] = ys.data();
       inputs[static_cast<std::size_t>(Variable::Z)] = zs.data();
-      f.Evaluate(inputs, layer, m_values.data() + k * layer);
+      f.Evaluate(inputs, layer, m_values.get() + k * layer);
       Classify(k * layer, layer);
       // Only the calling thread reports, so that progress is heard on the thread it expects.
       const int percent = 33 * ++done / m_side;
@@ -68,8 +72,23 @@ public:
     const std::uint8_t* rows[] = {&m_codes[Index(0, j, k)], &m_codes[Index(0, j + 1, k)], &m_codes[Index(0, j, k + 1)],
                                   &m_codes[Index(0, j + 1, k + 1)]};
     m_column.resize(side);
-    for (std::size_t i = 0; i < side; ++i) m_column[i] = static_cast<std::uint8_t>(rows[0][i] | rows[1][i] | rows[2][i] | rows[3][i]);
-    for (std::size_t i = 0; i + 1 < side; ++i) {
+    // Eight codes at a time, and what the row holds at all: most rows are wholly outside.
+    std::uint64_t any = 0;
+    std::size_t i = 0;
+    for (; i + 8 <= side; i += 8) {
+      std::uint64_t words[4];
+      for (std::size_t r = 0; r < 4; ++r) std::memcpy(&words[r], rows[r] + i, 8);
+      const std::uint64_t column = words[0] | words[1] | words[2] | words[3];
+      std::memcpy(&m_column[i], &column, 8);
+      any |= column;
+    }
+    for (; i < side; ++i) {
+      m_column[i] = static_cast<std::uint8_t>(rows[0][i] | rows[1][i] | rows[2][i] | rows[3][i]);
+      any |= m_column[i];
+    }
+    constexpr std::uint64_t kEach = 0x0101010101010101u;
+    if (!(any & kInside * kEach) || !(any & kOutside * kEach)) return;
+    for (i = 0; i + 1 < side; ++i) {
       if ((m_column[i] | m_column[i + 1]) == (kInside | kOutside)) into.push_back(static_cast<int>(i));
     }
   }
@@ -94,8 +113,8 @@ private:
 
   int m_cells, m_side;
   Vec3 m_min, m_step;
-  std::vector<double> m_values;
-  std::vector<std::uint8_t> m_codes;   // kInside, kOutside or kUndefined for each value
+  std::unique_ptr<double[]> m_values;
+  std::unique_ptr<std::uint8_t[]> m_codes;  // kInside, kOutside or kUndefined for each value
   std::vector<std::uint8_t> m_column;  // the codes of a row of cubes' four edges along i, or-ed
   std::atomic<bool> m_stopped{false};
 };
@@ -126,6 +145,7 @@ public:
     if (inside == 0 || inside == 8) return;
     if (k != m_k) Layer(k);
     m_i = i, m_j = j;
+    for (std::size_t c = 0; c < 8; ++c) m_points[c] = m_volume.Point(i + kCorner[c][0], j + kCorner[c][1], k + kCorner[c][2]);
     for (const auto& t : kTetrahedra) Tetrahedron(t, value);
   }
 
@@ -179,12 +199,14 @@ private:
   }
 
   void Tetrahedron(const std::array<int, 4>& corners, const std::array<double, 8>& value) {
+    int cut = 0;
+    for (const int c : corners) cut |= value[static_cast<std::size_t>(c)] < 0 ? 1 : 2;
+    if (cut != 3) return;  // the surface passes by
     std::array<int, 4> in{}, out{};
     int ins = 0, outs = 0;
     Vec3 inSum{}, outSum{};
     for (const int c : corners) {
-      const auto [gi, gj, gk] = Grid(c);
-      const Vec3 point = m_volume.Point(gi, gj, gk);
+      const Vec3 point = m_points[static_cast<std::size_t>(c)];
       if (value[static_cast<std::size_t>(c)] < 0) {
         in[static_cast<std::size_t>(ins++)] = c;
         inSum += point;
@@ -214,6 +236,7 @@ private:
   Mesh& m_mesh;
   std::array<std::vector<std::uint32_t>, 2> m_layers;
   std::array<std::uint32_t, 2> m_madeFrom{};  // the first point that may be on grid layer k, k + 1
+  std::array<Vec3, 8> m_points{};             // the corners of the cube at hand
   int m_i = 0, m_j = 0, m_k = -2;
 };
 
@@ -356,8 +379,8 @@ void MeshImplicit(const SurfaceSource& source, const SurfaceRanges& box, int cel
     if (progress && done >= reported + 5 && !progress(reported = done)) return into.Clear();
   }
   Refine(source.Functions[0], tetrahedra.Edges, into);
-  into.ComputeNormals();
-  GridPlaneLines(into);
+  // The normals and the lines read the points and write apart: one on each core.
+  render::ParallelFor(2, [&](std::size_t task) { task == 0 ? into.ComputeNormals() : GridPlaneLines(into); });
 }
 
 Mesh MeshImplicit(const SurfaceSource& source, const SurfaceRanges& box, int cells) {
