@@ -44,12 +44,12 @@ namespace mathx {
 double FontSet::Advance(FontRole role, double pixelSize, const QString& text) const {
   // Short texts only: a long plain text is measured once and would only fill the table.
   if (text.size() > 16) return Metrics(role, pixelSize).horizontalAdvance(text);
-  const QString key = CacheKey(role, pixelSize, text);
-  auto found = m_advances.constFind(key);
-  if (found != m_advances.constEnd()) return *found;
+  TextKey key(role, pixelSize, text);
+  auto found = m_advances.find(key);
+  if (found != m_advances.end()) return found->second;
   if (m_advances.size() > 4096) m_advances.clear();
   const double advance = Metrics(role, pixelSize).horizontalAdvance(text);
-  m_advances.insert(key, advance);
+  m_advances.emplace(std::move(key), advance);
   return advance;
 }
 
@@ -57,26 +57,19 @@ double FontSet::Advance(FontRole role, double pixelSize, const QString& text) co
 
 namespace mathx {
 
-// The text followed by two private characters for the face and the size.
-QString FontSet::CacheKey(FontRole role, double pixelSize, const QString& text) {
-  QString key = text;
-  key += QChar(0xE000 + int(role));
-  key += QChar(0xE100 + std::min(Key(pixelSize), 0x1000));
-  return key;
-}
-
 QRectF FontSet::Ink(FontRole role, double pixelSize, const QString& text) const {
-  const QString key = CacheKey(role, pixelSize, text);
-  auto found = m_inks.constFind(key);
-  if (found != m_inks.constEnd()) return *found;
+  TextKey key(role, pixelSize, text);
+  auto found = m_inks.find(key);
+  if (found != m_inks.end()) return found->second;
   if (m_inks.size() > 1024) m_inks.clear();
-  return *m_inks.insert(key, Metrics(role, pixelSize).tightBoundingRect(text));
+  const QRectF ink = Metrics(role, pixelSize).tightBoundingRect(text);
+  return m_inks.emplace(std::move(key), ink).first->second;
 }
 
 const QList<QGlyphRun>& FontSet::Glyphs(FontRole role, double pixelSize, const QString& text) const {
   // The key holds the face and the whole pixel size the font is made in, so a new size or face
   // never finds the glyphs of another.
-  GlyphKey key{text, int(role), Key(pixelSize)};
+  TextKey key(role, pixelSize, text);
   auto found = m_glyphs.find(key);
   if (found != m_glyphs.end()) return found->second;
   if (m_glyphs.size() > 2048) m_glyphs.clear();
@@ -85,7 +78,7 @@ const QList<QGlyphRun>& FontSet::Glyphs(FontRole role, double pixelSize, const Q
 }
 
 // FNV-1a over the face, the size and the characters.
-std::size_t FontSet::GlyphKeyHash::operator()(const GlyphKey& key) const {
+std::size_t FontSet::TextKeyHash::operator()(const TextKey& key) const {
   std::uint64_t hash = 14695981039346656037ull;
   const auto mix = [&hash](std::uint64_t value) { hash = (hash ^ value) * 1099511628211ull; };
   mix(std::uint64_t(key.role));

@@ -5,7 +5,6 @@
 #include <QFont>
 #include <QFontMetricsF>
 #include <QGlyphRun>
-#include <QHash>
 #include <QList>
 #include <QRectF>
 
@@ -33,27 +32,29 @@ public:
 
 private:
   static int Key(double pixelSize);
-  static QString CacheKey(FontRole role, double pixelSize, const QString& text);
   static QFont MakeFont(FontRole role, int pixels);
   static QList<QGlyphRun> Shape(const QFont& font, const QString& text);
-  // The glyphs' key, hashed by hand: Qt's string hash, run between the glyphs' blits, left the
-  // blending of the glyphs that followed it several times slower.
-  struct GlyphKey {
+  // A text in a face and a whole pixel size, hashed by hand: Qt's string hash, run between the
+  // glyphs' blits, left the blending of the glyphs that followed it several times slower, and
+  // a key of its own needs no string built for every look-up.
+  struct TextKey {
     QString text;
     int role = 0;
     int pixels = 0;
-    bool operator==(const GlyphKey& other) const {
+    TextKey(FontRole face, double pixelSize, const QString& string)
+        : text(string), role(int(face)), pixels(Key(pixelSize)) {}
+    bool operator==(const TextKey& other) const {
       return role == other.role && pixels == other.pixels && text == other.text;
     }
   };
-  struct GlyphKeyHash {
-    std::size_t operator()(const GlyphKey& key) const;
+  struct TextKeyHash {
+    std::size_t operator()(const TextKey& key) const;
   };
   mutable std::map<std::pair<int, int>, QFont> m_fonts;
   mutable std::map<std::pair<int, int>, QFontMetricsF> m_metrics;
-  mutable QHash<QString, double> m_advances;
-  mutable QHash<QString, QRectF> m_inks;
-  mutable std::unordered_map<GlyphKey, QList<QGlyphRun>, GlyphKeyHash> m_glyphs;
+  mutable std::unordered_map<TextKey, double, TextKeyHash> m_advances;
+  mutable std::unordered_map<TextKey, QRectF, TextKeyHash> m_inks;
+  mutable std::unordered_map<TextKey, QList<QGlyphRun>, TextKeyHash> m_glyphs;
 };
 
 }  // namespace mathx
