@@ -359,7 +359,7 @@ void SurfaceRenderer::Render(const Mesh& mesh, const SurfaceRanges& box, const C
   // The background's pixel as QImage::fill writes it; each band fills its own rows.
   QImage one(1, 1, image.format());
   one.fill(options.Background);
-  const QRgb background = one.pixel(0, 0);
+  const QRgb background = *reinterpret_cast<const QRgb*>(one.constScanLine(0));  // as stored, alpha and all
   const int width = image.width(), rows = image.height(), bandRows = std::max(1, options.BandRows);
   m_depth.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(rows));
   Shade(mesh, box, camera, image.size());

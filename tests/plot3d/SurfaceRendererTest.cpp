@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstring>
 #include <numbers>
 
 using namespace plot3d;
@@ -288,6 +289,24 @@ TEST(SurfaceRenderer, TheSurfaceIsThePlainWaysPicture) {
       QImage image(size, QImage::Format_RGB32);
       renderer.Render(heart, box, camera, image, {Qt::white, false, false});
       EXPECT_EQ(image, PlainPicture(heart, box, camera, size)) << zoom << " " << size.width();
+    }
+  }
+}
+
+// Each band clears its own rows: to the very pixel QImage::fill writes, its alpha byte included.
+TEST(SurfaceRenderer, TheBandsClearToWhatFillWrites) {
+  for (const QImage::Format format : {QImage::Format_RGB32, QImage::Format_ARGB32}) {
+    for (const QColor colour : {QColor(10, 20, 30), QColor(10, 20, 30, 0), QColor(200, 100, 50, 128)}) {
+      QImage expected(50, 150, format);
+      expected.fill(colour);
+      QImage image(50, 150, format);
+      image.fill(Qt::black);
+      SurfaceRenderer renderer;
+      SurfaceRenderer::Options options{colour, false, false};
+      options.BandRows = 16;
+      renderer.Render(Mesh{}, SurfaceRanges{}, Camera{}, image, options);
+      for (int y = 0; y < image.height(); ++y)
+        ASSERT_EQ(std::memcmp(image.constScanLine(y), expected.constScanLine(y), 50 * 4), 0) << format << " " << y;
     }
   }
 }
