@@ -42,8 +42,9 @@ const QFontMetricsF& FontSet::Metrics(FontRole role, double pixelSize) const {
 namespace mathx {
 
 double FontSet::Advance(FontRole role, double pixelSize, const QString& text) const {
-  // Short texts only: a long plain text is measured once and would only fill the table.
-  if (text.size() > 16) return Metrics(role, pixelSize).horizontalAdvance(text);
+  // Texts of a line's length at most: a command's phrase or a short plain row is measured again
+  // on every change of its row, a long plain text would only fill the table.
+  if (text.size() > 64) return Metrics(role, pixelSize).horizontalAdvance(text);
   TextKey key(role, pixelSize, text);
   auto found = m_advances.find(key);
   if (found != m_advances.end()) return found->second;

@@ -77,6 +77,9 @@ bool IsCompact(const MathNode& node) {
   }
 }
 
+// A single "/" between two operands, asked without building a list to compare with.
+bool IsQuotient(const MathNode& node) { return node.ops.size() == 1 && node.ops.front() == u"/"; }
+
 // The node whose first character the reader meets first, for the choice between a dot and a
 // thin space in a product.
 const MathNode& Leftmost(const MathNode& node) {
@@ -131,7 +134,7 @@ LayoutBox Typesetter::Set(const MathNode& node, double size) const {
       return Leaf(node, size);
     case Kind::Call: return Call(node, size);
     case Kind::Group: return Group(node, size);
-    case Kind::Binary: return node.ops == QStringList{"/"} ? Quotient(node, size) : Binary(node, size);
+    case Kind::Binary: return IsQuotient(node) ? Quotient(node, size) : Binary(node, size);
     case Kind::Unary: return Unary(node, size);
     case Kind::Power: return Power(node, size);
     case Kind::Chain: return Chain(node, size);
