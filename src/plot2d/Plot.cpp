@@ -229,14 +229,21 @@ void Plot::Paint(QPainter& painter) const {
 }
 
 QImage Plot::Picture(QImage::Format format) const {
-  QImage image(DeviceSize().expandedTo(QSize(1, 1)), format);
+  QImage image;
+  DrawPicture(image, format);
+  return image;
+}
+
+void Plot::DrawPicture(QImage& image, QImage::Format format) const {
+  const QSize size = DeviceSize().expandedTo(QSize(1, 1));
+  if (image.size() != size || image.format() != format) image = QImage(size, format);
+  image.setDevicePixelRatio(1);
   image.fill(m_style.TransparentBackground && image.hasAlphaChannel() ? QColor(Qt::transparent) : ColorOf(m_backColor));
   {
     QPainter painter(&image);
     Paint(painter);
   }
   image.setDevicePixelRatio(m_devicePixelRatio);
-  return image;
 }
 
 void Plot::SavePicture(const QString& name, std::int32_t kind) {

@@ -57,6 +57,9 @@ public:
   QSize DeviceSize() const;
   // The picture in device pixels, marked with the device pixel ratio.
   QImage Picture(QImage::Format format = QImage::Format_ARGB32_Premultiplied) const;
+  // The same picture drawn into image, whose memory is used again when it has the size and
+  // format already and is not shared: a widget redrawing many times a second keeps one.
+  void DrawPicture(QImage& image, QImage::Format format = QImage::Format_ARGB32_Premultiplied) const;
 
   // What could not be drawn since ClearAll, one line each: "row 2: unknown name \"z\"".
   QStringList Problems() const { return m_problems; }

@@ -80,7 +80,7 @@ void PlotWidget::Render(bool quick) {
   const double quality = m_plot.Quality();
   if (quick) m_plot.SetQuality(std::min(quality, static_cast<double>(kQuickQuality)));
   m_plot.Redraw();
-  m_picture = m_plot.Picture(QImage::Format_ARGB32_Premultiplied);
+  m_plot.DrawPicture(m_picture, QImage::Format_ARGB32_Premultiplied);
   m_plot.SetQuality(quality);
   m_pictureView[0] = m_plot.XMin(), m_pictureView[1] = m_plot.XMax();
   m_pictureView[2] = m_plot.YMin(), m_pictureView[3] = m_plot.YMax();

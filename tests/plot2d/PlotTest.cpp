@@ -418,3 +418,28 @@ TEST(Plot, EqualScalesLeaveAnEmptyOrEndlessRangeAlone) {
   plot.Redraw();
   EXPECT_EQ(plot.YMax(), 10);
 }
+
+// A picture drawn again into the image of the last one is the picture drawn afresh, whatever
+// that image held, and a copy of the old picture kept elsewhere does not change.
+TEST(Plot, DrawsAgainIntoTheLastPicture) {
+  Plot plot;
+  plot.SetSize(QSize(320, 200));
+  Add(plot, "y=sin(x)*3");
+  Add(plot, "x^2+y^2=9");
+  plot.Redraw();
+  const QImage fresh = plot.Picture();
+  QImage reused(320, 200, QImage::Format_ARGB32_Premultiplied);
+  reused.fill(Qt::green);
+  reused.setDevicePixelRatio(2);  // a picture for a dense screen: painted at its own pixels all the same
+  const QImage kept = reused;
+  plot.DrawPicture(reused);
+  EXPECT_EQ(reused, fresh);
+  EXPECT_EQ(kept.pixelColor(5, 5), QColor(Qt::green));
+  // Of another size or format, the image is made anew.
+  QImage small(10, 10, QImage::Format_RGB32);
+  plot.DrawPicture(small);
+  EXPECT_EQ(small, fresh);
+  QImage other = fresh.convertToFormat(QImage::Format_RGB32);
+  plot.DrawPicture(other);
+  EXPECT_EQ(other, fresh);
+}
