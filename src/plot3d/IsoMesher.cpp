@@ -368,6 +368,7 @@ void MeshImplicit(const SurfaceSource& source, const SurfaceRanges& box, int cel
   Volume volume(source.Functions[0], box, cells, progress);  // about a third of the work
   if (volume.Stopped() || (progress && !progress(33))) return;
   Tetrahedra tetrahedra(volume, into);
+  tetrahedra.Edges.reserve(into.Positions.capacity());  // about as many as the mesh before had
   int reported = 33;
   std::vector<int> cut;
   for (int k = 0; k < cells; ++k) {
