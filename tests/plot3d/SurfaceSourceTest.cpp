@@ -51,6 +51,8 @@ TEST(SurfaceSource, BadTextsSayWhy) {
   for (const Case& c : cases) {
     const SurfaceSource source = SurfaceSource::Compile(c.text, c.kind);
     EXPECT_FALSE(source.Ok()) << c.text;
-    if (c.error) EXPECT_EQ(source.Error, c.error) << c.text;
+    if (c.error) {
+      EXPECT_EQ(source.Error, c.error) << c.text;
+    }
   }
 }
