@@ -33,7 +33,8 @@ void CurveRasterizer::Stroke(const std::vector<QPolygonF>& lines, QColor color, 
     double arc = 0;
     for (qsizetype i = 1; i < line.size(); ++i) {
       Segment(line[i - 1], line[i], radius, arc, pattern);
-      arc += std::hypot(line[i].x() - line[i - 1].x(), line[i].y() - line[i - 1].y());
+      // Only a pattern needs to know how far along the line a segment starts.
+      if (pattern.Period > 0) arc += std::hypot(line[i].x() - line[i - 1].x(), line[i].y() - line[i - 1].y());
     }
     if (line.size() == 1) Segment(line[0], line[0], radius, 0, pattern);
   }
