@@ -147,11 +147,16 @@ TEST(ImplicitTracer, CurvesComeOutWholeAndOnTheirEquation) {
   }
 }
 
-TEST(ImplicitTracer, ACircleIsOneClosedLine) {
-  const ParsedLine line = ParseLine("x^2+y^2=4");
+// The lines of an implicit equation "F=G" in the view, at full quality.
+std::vector<QPolygonF> Traced(const char* equation, const ViewTransform& view) {
+  const ParsedLine line = ParseLine(equation);
   ExpressionTree tree = line.Tree;
   const BlockProgram difference(tree, tree.AddBinary(NodeKind::Subtract, line.Left, line.Right));
-  const auto lines = ImplicitTracer(difference, ViewTransform(-3, 3, -3, 3, QSize(600, 600)), 100).Trace();
+  return ImplicitTracer(difference, view, 100).Trace();
+}
+
+TEST(ImplicitTracer, ACircleIsOneClosedLine) {
+  const auto lines = Traced("x^2+y^2=4", ViewTransform(-3, 3, -3, 3, QSize(600, 600)));
   ASSERT_EQ(lines.size(), 1u);
   EXPECT_LT(QLineF(lines[0].first(), lines[0].last()).length(), 0.05);
 }
@@ -159,10 +164,7 @@ TEST(ImplicitTracer, ACircleIsOneClosedLine) {
 // A curve through many thousands of leaves is split and contoured in two halves at once; it
 // still comes out as one closed line, on the curve, with no piece twice or missing.
 TEST(ImplicitTracer, ALargeCircleIsOneClosedLineToo) {
-  const ParsedLine line = ParseLine("x^2+y^2=80");
-  ExpressionTree tree = line.Tree;
-  const BlockProgram difference(tree, tree.AddBinary(NodeKind::Subtract, line.Left, line.Right));
-  const auto lines = ImplicitTracer(difference, ViewTransform(-10, 10, -10, 10, QSize(3840, 3840)), 100).Trace();
+  const auto lines = Traced("x^2+y^2=80", ViewTransform(-10, 10, -10, 10, QSize(3840, 3840)));
   ASSERT_EQ(lines.size(), 1u);
   EXPECT_LT(QLineF(lines[0].first(), lines[0].last()).length(), 0.01);
   // Leaves of two pixels around a circumference of about 5400.
