@@ -84,23 +84,29 @@ void PlotPainter::Paint(QPainter& painter, const Drawing& drawing) const {
   // Clipped to the view: the shaded sides of curves reach far beyond it, and the raster engine is
   // slow to fill what it has not been told to leave out.
   painter.setClipRect(QRectF(0, 0, m_view.Width(), m_view.Height()));
-  if (!m_style.TransparentBackground) painter.fillRect(QRectF(0, 0, m_view.Width(), m_view.Height()), m_style.Back);
   painter.setFont(NumberFont(m_style.Scale));
   const QFontMetricsF metrics(painter.font());
   const double xStep = XStep(metrics);
   const double yStep = YStep(metrics);
-  if (m_style.ShowGrid) Grid(painter, xStep, yStep);
-
-  for (const Drawing::Mask& mask : drawing.Masks) {
-    const QRectF target(m_view.ToPixel(mask.Area.left(), mask.Area.top()), m_view.ToPixel(mask.Area.right(), mask.Area.bottom()));
-    painter.drawImage(target.normalized(), mask.Image);
+  if (QImage* device = DirectImage(painter)) {
+    // Each band of rows by a painter of its own, on both cores. A painter moved by whole rows
+    // and clipped to its band gives every pixel the value one painter gives it.
+    const int bandHeight = (m_view.Height() + m_bands - 1) / m_bands;
+    render::ParallelFor(static_cast<std::size_t>(m_bands), [&](std::size_t band) {
+      const int top = static_cast<int>(band) * bandHeight;
+      const int height = std::min(bandHeight, m_view.Height() - top);
+      if (height <= 0) return;
+      QImage rows(device->bits() + static_cast<qsizetype>(top) * device->bytesPerLine(), device->width(), height,
+                  device->bytesPerLine(), device->format());
+      QPainter bandPainter(&rows);
+      bandPainter.setRenderHints(painter.renderHints());
+      bandPainter.translate(0, -top);
+      bandPainter.setClipRect(QRectF(0, 0, m_view.Width(), m_view.Height()));
+      Backdrop(bandPainter, drawing, xStep, yStep);
+    });
+  } else {
+    Backdrop(painter, drawing, xStep, yStep);
   }
-  painter.setPen(Qt::NoPen);
-  for (const Drawing::Fill& fill : drawing.Fills) {
-    painter.setBrush(fill.Color);
-    painter.drawPath(ToPixels().map(fill.Path));
-  }
-  if (m_style.ShowAxis) Axes(painter, xStep, yStep);
   if (m_style.ShowNumbers) Numbers(painter, xStep, yStep);
   Curves(painter, drawing);
   Dots(painter, drawing);
@@ -112,6 +118,32 @@ void PlotPainter::Paint(QPainter& painter, const Drawing& drawing) const {
     painter.drawRect(QRectF(inset, inset, m_view.Width() - 2 * inset, m_view.Height() - 2 * inset));
   }
   painter.restore();
+}
+
+// What lies under the numbers and the curves: the background, the grid, the shaded regions and
+// the axes.
+void PlotPainter::Backdrop(QPainter& painter, const Drawing& drawing, double xStep, double yStep) const {
+  if (!m_style.TransparentBackground) painter.fillRect(QRectF(0, 0, m_view.Width(), m_view.Height()), m_style.Back);
+  if (m_style.ShowGrid) Grid(painter, xStep, yStep);
+  for (const Drawing::Mask& mask : drawing.Masks) {
+    const QRectF target(m_view.ToPixel(mask.Area.left(), mask.Area.top()), m_view.ToPixel(mask.Area.right(), mask.Area.bottom()));
+    painter.drawImage(target.normalized(), mask.Image);
+  }
+  painter.setPen(Qt::NoPen);
+  for (const Drawing::Fill& fill : drawing.Fills) {
+    painter.setBrush(fill.Color);
+    painter.drawPath(ToPixels().map(fill.Path));
+  }
+  if (m_style.ShowAxis) Axes(painter, xStep, yStep);
+}
+
+// The image the painter paints on, when it may be written to directly: of the view's size and
+// untransformed. The raster engine draws at once, so its pixels are always up to date.
+QImage* PlotPainter::DirectImage(QPainter& painter) const {
+  auto* device = dynamic_cast<QImage*>(painter.device());
+  const bool direct = device && CurveRasterizer::CanDrawInto(*device) && device->size() == QSize(m_view.Width(), m_view.Height()) &&
+                      device->devicePixelRatio() == 1 && painter.transform().isIdentity();
+  return direct ? device : nullptr;
 }
 
 void PlotPainter::Grid(QPainter& painter, double xStep, double yStep) const {
@@ -201,19 +233,17 @@ void PlotPainter::Curves(QPainter& painter, const Drawing& drawing) const {
       for (QPolygonF& run : Visible(piece)) lines[c].push_back(std::move(run));
     }
   }
-  auto* device = dynamic_cast<QImage*>(painter.device());
-  const bool direct = device && CurveRasterizer::CanDrawInto(*device) && device->size() == QSize(m_view.Width(), m_view.Height()) &&
-                      device->devicePixelRatio() == 1 && painter.transform().isIdentity();
+  QImage* device = DirectImage(painter);
+  const bool direct = device != nullptr;
   QImage layer;
   if (!direct) {
     layer = QImage(m_view.Width(), m_view.Height(), QImage::Format_ARGB32_Premultiplied);
     layer.fill(Qt::transparent);
   }
   QImage& target = direct ? *device : layer;
-  constexpr int kBands = 2;
-  const int bandHeight = (m_view.Height() + kBands - 1) / kBands;
+  const int bandHeight = (m_view.Height() + m_bands - 1) / m_bands;
   uchar* bits = target.bits();
-  render::ParallelFor(kBands, [&](std::size_t band) {
+  render::ParallelFor(static_cast<std::size_t>(m_bands), [&](std::size_t band) {
     const int top = static_cast<int>(band) * bandHeight;
     const int height = std::min(bandHeight, m_view.Height() - top);
     if (height <= 0) return;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+
 #include "Drawing.h"
 #include "ViewTransform.h"
 
@@ -32,6 +34,9 @@ public:
   PlotPainter(const ViewTransform& view, const PlotStyle& style);
 
   void Paint(QPainter& painter, const Drawing& drawing) const;
+  // On an image of the view's size the picture is painted in this many bands of rows, shared
+  // among the cores; any number gives the same picture.
+  void SetBands(int bands) { m_bands = std::max(1, bands); }
 
   // Where the axes stand, in pixels: through the origin, or along the nearest edge when the
   // origin is out of view.
@@ -42,6 +47,8 @@ private:
   void Grid(QPainter& painter, double xStep, double yStep) const;
   void Axes(QPainter& painter, double xStep, double yStep) const;
   void Numbers(QPainter& painter, double xStep, double yStep) const;
+  void Backdrop(QPainter& painter, const Drawing& drawing, double xStep, double yStep) const;
+  QImage* DirectImage(QPainter& painter) const;
   void Curves(QPainter& painter, const Drawing& drawing) const;
   // A piece in pixels, cut to what lies within the view and a margin for the pen.
   std::vector<QPolygonF> Visible(const QPolygonF& piece) const;
@@ -53,6 +60,7 @@ private:
 
   const ViewTransform& m_view;
   PlotStyle m_style;
+  int m_bands = 2;  // one for each core of the machines it is made for
 };
 
 }  // namespace plot2d

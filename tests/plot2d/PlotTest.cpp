@@ -1,11 +1,13 @@
 #include "core/RuntimeError.h"
 #include "plot2d/Plot.h"
+#include "plot2d/PlotPainter.h"
 
 #include <gtest/gtest.h>
 
 #include "QtPrinters.h"
 
 #include <QImageReader>
+#include <QPainter>
 #include <QTemporaryDir>
 
 #include <cmath>
@@ -442,4 +444,44 @@ TEST(Plot, DrawsAgainIntoTheLastPicture) {
   QImage other = fresh.convertToFormat(QImage::Format_RGB32);
   plot.DrawPicture(other);
   EXPECT_EQ(other, fresh);
+}
+
+// On an image of the view's size the picture is painted in bands of rows, shared among the
+// cores: background, grid, shaded regions, axes and curves. Any number of bands gives the
+// picture that one band gives, pixel for pixel.
+TEST(Plot, PaintsTheSameInAnyNumberOfBands) {
+  for (const bool transparent : {false, true}) {
+    for (const double quality : {100.0, 20.0}) {
+      Plot plot;
+      plot.SetSize(QSize(333, 211));
+      plot.SetQuality(quality);
+      plot.SetThickness(3);
+      plot.SetTransparentBackground(transparent);
+      plot.AddInequality("y<x^2-3", 128, 16776960, false, QString());
+      plot.AddInequality("y>sin(x)*4", 128, 65535, true, "y<6");
+      Add(plot, "x^2+y^2=9", false, true);  // an implicit curve shaded on its outer side
+      Add(plot, "y=tan(x)");
+      plot.Redraw();
+      const auto painted = [&](int bands) {
+        QImage image(333, 211, transparent ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
+        image.fill(transparent ? QColor(Qt::transparent) : Plot::ColorOf(plot.BackColor()));
+        QPainter painter(&image);
+        const plot2d::ViewTransform view = plot.View();  // the painter keeps references to both
+        const plot2d::PlotStyle style = plot.StyleAt(1);
+        plot2d::PlotPainter bandsPainter(view, style);
+        bandsPainter.SetBands(bands);
+        bandsPainter.Paint(painter, plot.LastDrawing());
+        return image;
+      };
+      const QImage one = painted(1);
+      for (const int bands : {2, 3, 7}) {
+        const QImage many = painted(bands);
+        int differing = 0;
+        for (int y = 0; y < one.height(); ++y) {
+          for (int x = 0; x < one.width(); ++x) differing += one.pixel(x, y) != many.pixel(x, y);
+        }
+        EXPECT_EQ(differing, 0) << bands << " bands, transparent " << transparent << ", quality " << quality;
+      }
+    }
+  }
 }
