@@ -150,16 +150,31 @@ void CurveRasterizer::SolidSpans(QPointF a, QPointF b, double radius) {
       } else if (std::abs(py - a.y()) > radius) {
         bandFrom = 1, bandTo = 0;  // the row misses a horizontal band
       }
-      double slabFrom = -std::numeric_limits<double>::infinity(), slabTo = -slabFrom;
-      if (dx != 0) {
-        const double s0 = a.x() - (py - a.y()) * dy / dx;
-        const double s1 = a.x() + (length2 - (py - a.y()) * dy) / dx;
-        slabFrom = std::min(s0, s1), slabTo = std::max(s0, s1);
-      } else {
-        const double t = (py - a.y()) * dy;
-        if (t < 0 || t > length2) slabFrom = 1, slabTo = 0;
+      // Away from the segment's ends the slab holds the band's whole row, with room to spare:
+      // the row's projections onto the segment are checked by products alone, and the slab's
+      // two divisions are left out. The room (far more than rounding) keeps the result exactly
+      // what the slab would give.
+      bool withinSlab = false;
+      if (dx != 0 && dy != 0) {
+        const double room = 1e-6 * (length + radius) * (length + radius);
+        const double across = (py - a.y()) * dy;
+        const double pFrom = (bandFrom - a.x()) * dx + across, pTo = (bandTo - a.x()) * dx + across;
+        withinSlab = std::min(pFrom, pTo) >= room && std::max(pFrom, pTo) <= length2 - room;
       }
-      take(std::max(bandFrom, slabFrom), std::min(bandTo, slabTo));
+      if (withinSlab) {
+        take(bandFrom, bandTo);
+      } else {
+        double slabFrom = -std::numeric_limits<double>::infinity(), slabTo = -slabFrom;
+        if (dx != 0) {
+          const double s0 = a.x() - (py - a.y()) * dy / dx;
+          const double s1 = a.x() + (length2 - (py - a.y()) * dy) / dx;
+          slabFrom = std::min(s0, s1), slabTo = std::max(s0, s1);
+        } else {
+          const double t = (py - a.y()) * dy;
+          if (t < 0 || t > length2) slabFrom = 1, slabTo = 0;
+        }
+        take(std::max(bandFrom, slabFrom), std::min(bandTo, slabTo));
+      }
     }
     if (!(from <= to)) continue;
     // Pixels whose centres x + 0.5 lie in [from, to].
