@@ -160,8 +160,8 @@ bool NearKept(const Kept& kept, const NotablePoint& p) {
   const double px = kept.View.ToPixelX(p.At.x()), py = kept.View.ToPixelY(p.At.y());
   const auto column = static_cast<std::int64_t>(std::floor(px / 2)), row = static_cast<std::int64_t>(std::floor(py / 2));
   // A point less than a pixel away lies in this square or in the one beside it on the nearer side.
-  const std::int64_t otherColumn = px - 2 * column < 1 ? column - 1 : column + 1;
-  const std::int64_t otherRow = py - 2 * row < 1 ? row - 1 : row + 1;
+  const std::int64_t otherColumn = px - 2 * static_cast<double>(column) < 1 ? column - 1 : column + 1;
+  const std::int64_t otherRow = py - 2 * static_cast<double>(row) < 1 ? row - 1 : row + 1;
   for (const std::int64_t c : {column, otherColumn}) {
     for (const std::int64_t r : {row, otherRow}) {
       const auto cell = kept.Cells.find(FileKey(p.What, c, r));

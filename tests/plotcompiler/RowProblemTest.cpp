@@ -52,7 +52,7 @@ INSTANTIATE_TEST_SUITE_P(
         ProblemCase{"APointWithOneNumber", {"[x,y;1,2;3]"}, 0, "Point 2 must be two numbers with a comma between"},
         ProblemCase{"APointListWithAConstantWithNoValue", {"[x,y;1,q]"}, 0, "Unknown name: q"},
         ProblemCase{"RowsBelowABadRowStillReport", {"y=(x", "y=x"}, 1, ""}),
-    [](const ::testing::TestParamInfo<ProblemCase>& info) { return std::string(info.param.Name); });
+    [](const ::testing::TestParamInfo<ProblemCase>& param) { return std::string(param.param.Name); });
 
 TEST(RowProblems, NotesHiddenRowsAndAreaRowsCarryNoMark) {
   ReplotFixture f;
