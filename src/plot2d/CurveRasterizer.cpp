@@ -125,7 +125,6 @@ void CurveRasterizer::SolidSpans(QPointF a, QPointF b, double radius) {
   const int top = std::max(0, static_cast<int>(std::ceil(std::min(a.y(), b.y()) - radius - 0.5)));
   const int bottom = std::min(m_height - 1, static_cast<int>(std::floor(std::max(a.y(), b.y()) + radius - 0.5)));
   const double r2 = radius * radius;
-  int previousX0 = static_cast<int>(std::min(a.x(), b.x()));
   for (int y = top; y <= bottom; ++y) {
     const double py = y + 0.5;
     double from = std::numeric_limits<double>::infinity();
@@ -181,10 +180,6 @@ void CurveRasterizer::SolidSpans(QPointF a, QPointF b, double radius) {
     const int x0 = std::max(0, static_cast<int>(std::ceil(from - 0.5)));
     const int x1 = std::min(m_width - 1, static_cast<int>(std::floor(to - 0.5)));
     if (x0 > x1) continue;
-    // As in Segment: a steep line needs a new row's pixels every pixel or two; those two rows
-    // ahead are asked for now, a little further along the way the line goes.
-    if (y + 2 <= bottom) __builtin_prefetch(m_bits + static_cast<qsizetype>(y + 2) * m_stride + static_cast<qsizetype>(std::clamp(2 * x0 - previousX0, 0, m_width - 1)) * 4, 1);
-    previousX0 = x0;
     QRgb* row = reinterpret_cast<QRgb*>(m_bits + static_cast<qsizetype>(y) * m_stride);
     std::fill(row + x0, row + x1 + 1, m_solid);
   }
