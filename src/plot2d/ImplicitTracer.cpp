@@ -329,16 +329,22 @@ std::vector<ImplicitTracer::Cell> ImplicitTracer::Contour(const std::vector<Cell
   std::vector<size_t> active(crossings.size());
   for (size_t i = 0; i < active.size(); ++i) active[i] = i;
   const double settledWidth = 1e-9 * std::max(m_leafWidth, m_leafHeight);
+  // The rounds' lists keep their memory from round to round.
+  std::vector<double> px, py, values;
+  std::vector<size_t> still;
   for (int step = 0; step < kRefinements && !active.empty(); ++step) {
-    std::vector<double> px, py;
+    px.clear(), py.clear(), still.clear();
     for (const size_t i : active) {
       Crossing& c = crossings[i];
       const double t = c.FLow / (c.FLow - c.FHigh);
       c.At = c.Low + std::clamp(t, 0.0, 1.0) * (c.High - c.Low);
       px.push_back(c.At.x()), py.push_back(c.At.y());
     }
-    const std::vector<double> values = Values(px, py);
-    std::vector<size_t> still;
+    values.resize(px.size());
+    BlockProgram::Inputs inputs{};
+    inputs[0] = px.data();
+    inputs[1] = py.data();
+    m_difference.Evaluate(inputs, px.size(), values.data());
     for (size_t j = 0; j < active.size(); ++j) {
       const size_t i = active[j];
       Crossing& c = crossings[i];
