@@ -71,10 +71,20 @@ QPointF CurveSource::PointAt(double s) const {
   return {};
 }
 
-void CurveSampler::Evaluate(const std::vector<double>& s, std::vector<Point>& points) const {
+void CurveSampler::Evaluate(const std::vector<double>& s, std::vector<Point>& points, Scratch& scratch) const {
   const size_t n = s.size();
   points.assign(n, Point{});
-  std::vector<double> first(n), second(n), x(n), y(n), t(n), theta(n), r(n);
+  // The lists keep their memory from round to round; each starts at zero, as new ones would.
+  for (std::vector<double>* list : {&scratch.First, &scratch.Second, &scratch.X, &scratch.Y, &scratch.T, &scratch.Theta, &scratch.R}) {
+    list->assign(n, 0.0);
+  }
+  std::vector<double>& first = scratch.First;
+  std::vector<double>& second = scratch.Second;
+  std::vector<double>& x = scratch.X;
+  std::vector<double>& y = scratch.Y;
+  std::vector<double>& t = scratch.T;
+  std::vector<double>& theta = scratch.Theta;
+  std::vector<double>& r = scratch.R;
   BlockProgram::Inputs inputs{};
   using Mode = CurveSource::Mode;
   switch (m_source.Kind) {
@@ -114,7 +124,7 @@ void CurveSampler::Evaluate(const std::vector<double>& s, std::vector<Point>& po
       }
       break;
   }
-  std::vector<double> allowed;
+  std::vector<double>& allowed = scratch.Allowed;
   if (m_source.HasCondition) {
     allowed.resize(n);
     const BlockProgram::Inputs conditionInputs{x.data(), y.data(), t.data(), theta.data(), r.data()};
@@ -154,7 +164,8 @@ SampledCurve CurveSampler::Sample(double from, double to, int initialSamples) co
   std::vector<double> parameters(static_cast<size_t>(count) + 1);
   for (int i = 0; i <= count; ++i) parameters[static_cast<size_t>(i)] = from + (to - from) * i / count;
   std::vector<Point> points;
-  Evaluate(parameters, points);
+  Scratch scratch;
+  Evaluate(parameters, points, scratch);
   const double finest = std::abs(to - from) / count * kFinestSplit;
 
   // Only the intervals still being looked into are kept from round to round; every new point
@@ -190,7 +201,7 @@ SampledCurve CurveSampler::Sample(double from, double to, int initialSamples) co
     if (points.size() + open.size() > budget) break;
     middles.clear();
     for (const Interval& interval : open) middles.push_back((interval.A.S + interval.B.S) / 2);
-    Evaluate(middles, midpoints);
+    Evaluate(middles, midpoints, scratch);
     std::vector<Interval> current;
     current.swap(open);
     for (size_t i = 0; i < current.size(); ++i) {

@@ -76,7 +76,11 @@ private:
     bool Valid() const { return Defined && Allowed; }
   };
 
-  void Evaluate(const std::vector<double>& parameters, std::vector<Point>& points) const;
+  // Lists an evaluation fills on the way, kept from one round of refinement to the next.
+  struct Scratch {
+    std::vector<double> First, Second, X, Y, T, Theta, R, Allowed;
+  };
+  void Evaluate(const std::vector<double>& parameters, std::vector<Point>& points, Scratch& scratch) const;
   bool OffScreenTogether(const Point& a, const Point& b) const;
   // The bound that a comparison of the condition makes between a point inside and one outside,
   // if one does: whether it is inclusive.
