@@ -27,6 +27,32 @@ QString ReplaceInOrder(QString text, std::initializer_list<Replacement> replacem
   return text;
 }
 
+// Step 9 puts a star before every bracket. A name of the token table has it taken away again, or
+// moved behind the name where the tests pin that; but a square root after a factor keeps the
+// star behind it ("2sqrt*(2)"), and the engine reads a product with a function that has no
+// argument, and fails. For the square roots the star goes back in front, where the factor
+// before it needs one, and the call is whole again. A name that ends a longer word is someone
+// else's.
+const char16_t* const kCallsToMend[] = {u"sqrt", u"sqr"};
+
+bool IsAsciiLetter(QChar c) { return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z'); }
+
+QString MendCalls(QString s) {
+  for (const char16_t* name : kCallsToMend) {
+    const QString broken = QString::fromUtf16(name) + QStringLiteral("*(");
+    for (qsizetype at = s.indexOf(broken); at >= 0; at = s.indexOf(broken, at + 1)) {
+      const QChar before = at > 0 ? s[at - 1] : QChar();
+      // x and pi are the atoms of the chain; other letters make a word with the name.
+      const bool atom = before == u'x' || QStringView(s).left(at).endsWith(u"pi");
+      if (IsAsciiLetter(before) && !atom) continue;
+      s.remove(at + broken.size() - 2, 1);
+      const bool factor = atom || before.isDigit() || before == u')' || before == u'.';
+      if (factor) s.insert(at, u'*');
+    }
+  }
+  return s;
+}
+
 }  // namespace
 
 QString NormaliseExpression(const core::FunctionTokenTable& tokens, const QString& input) {
@@ -57,6 +83,7 @@ QString NormaliseExpression(const core::FunctionTokenTable& tokens, const QStrin
                          {u"pi^]", u"pi]"}, {u"[*x", u"[x"}});
   s = UnfoldTokens(tokens, s, true);
   s = UnfoldTokens(tokens, s, false);
+  s = MendCalls(s);
   return core::Replace(s, kEnds, QString());
 }
 

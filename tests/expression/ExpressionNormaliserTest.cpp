@@ -91,3 +91,23 @@ TEST(ExpressionNormaliser, PrivateMarkersTypedByAUserDoNotCrash) {
   }
   EXPECT_EQ(Normalise("&&&"), "deg");
 }
+
+// A square root after a factor comes out as a call the engine can make; the sine of the tables
+// above keeps the form their rows pin.
+TEST(ExpressionNormaliser, SquareRootsAfterAFactorStayCalls) {
+  ExpectAll({
+      {"2*sqrt(2)", "2*sqrt(2)"},
+      {"2sqrt(2)", "2*sqrt(2)"},
+      {"sqrt(2)", "sqrt(2)"},
+      {"sqrt(2)*2", "sqrt(2)*2"},
+      {"(1+1)sqrt(2)", "(1+1)*sqrt(2)"},
+      {"1+sqrt(x)", "1+sqrt(x)"},
+      {"y=2sqrt(x)", "y=2*sqrt(x)"},
+      {"2sqr(9)", "2*sqr(9)"},
+      {"sqrt(sqrt(16))", "sqrt(sqrt(16))"},
+      {"xsqrt(2)", "x*sqrt(2)"},
+      {"pisqrt(2)", "pi*sqrt(2)"},
+      // A longer word that ends in one of the names is not one of them.
+      {"foosqrt(2)", "foosqrt*(2)"},
+  });
+}

@@ -53,6 +53,23 @@ TEST_F(Evaluation, EdgeCases) {
   EXPECT_EQ(SubstituteConstants(state, "alpha"), "0.5");
 }
 
+TEST_F(Evaluation, SquareRootsAfterAFactorEvaluate) {
+  const struct {
+    const char* text;
+    double value;
+  } cases[] = {
+      {"2*sqrt(2)", 2 * std::sqrt(2.0)}, {"2sqrt(2)", 2 * std::sqrt(2.0)}, {"sqrt(2)", std::sqrt(2.0)},
+      {"2sqr(9)", 6}, {"1+sqrt(16)/2", 3}, {"(1+1)sqrt(4)", 4}, {"sqrt(sqrt(16))", 2},
+      {"pisqrt(4)", 2 * 3.14159265358979},
+  };
+  for (const auto& c : cases) {
+    EXPECT_DOUBLE_EQ(evaluation.EvaluateExpression(c.text), c.value) << c.text;
+    EXPECT_FALSE(state.MathError) << c.text;
+  }
+  EXPECT_DOUBLE_EQ(evaluation.EvaluateWith("xsqrt(4)", "x", 3), 6);
+  EXPECT_FALSE(state.MathError);
+}
+
 TEST_F(Evaluation, MathErrorIsClearedAtTheStartOfEachEvaluation) {
   state.MathError = true;
   EXPECT_EQ(evaluation.EvaluateExpression("1+1"), 2);
