@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QString>
+
+namespace mathx {
+
+// Turns what people type or paste into a row text: "|x|" into abs(x), the characters of a
+// keyboard or a word processor (θ π √ ² ³ · × ÷ − ≤ ≥ ≠) into names and operators, "f(x)=" and
+// "r(θ)=" into "y=" and "r=", "(1,2),(3,4)" into the point list "[x,y;1,2;3,4]", and LaTeX as it
+// is copied from a worksheet (\frac, \sqrt, \left( ... \right), ^{..}, $...$) into the row
+// language. Text that is a row already comes back unchanged, and so does the result itself.
+// Unfinished input is left as it stands where it cannot be read yet: a bar without its partner,
+// braces that are not closed, a LaTeX command still missing its argument. Never fails.
+QString FromTypedInput(const QString& text);
+
+}  // namespace mathx
