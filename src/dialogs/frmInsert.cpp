@@ -7,6 +7,7 @@
 #include "mathlang/LineParser.h"
 #include "mathx/MthX.h"
 #include "mathx/RowParser.h"
+#include "mathx/TypedInput.h"
 #include "plotcompiler/EquationCompiler.h"
 #include "plotcompiler/InequalityCompiler.h"
 #include "ribbon/MenuView.h"
@@ -91,6 +92,7 @@ frmInsert::frmInsert(core::SharedState& state, platform::MessageBoxes& boxes, In
 
   connect(m_mthStandard, &mathx::MthX::Change, this, &frmInsert::StandardChanged);
   connect(m_txtLinear, &QLineEdit::textChanged, this, &frmInsert::LinearChanged);
+  connect(m_txtLinear, &QLineEdit::editingFinished, this, &frmInsert::LinearFinished);
   connect(m_btnInsert, &QPushButton::clicked, this, &frmInsert::Insert);
   connect(m_btnCancel, &QPushButton::clicked, this, &frmInsert::btnCancel_Click);
 
@@ -104,7 +106,9 @@ frmInsert::frmInsert(core::SharedState& state, platform::MessageBoxes& boxes, In
   m_tmrAnimater.start();
 }
 
-frmInsert::~frmInsert() = default;
+// The field loses the focus while the window's children go, and would report it to a dialog that
+// is no longer one.
+frmInsert::~frmInsert() { m_txtLinear->disconnect(this); }
 
 void frmInsert::Fill() {
   const std::int16_t source = m_state.InsertSource;
@@ -139,7 +143,8 @@ void frmInsert::Fill() {
   m_mthStandard->SetText(standard);
   m_txtLinear->setText(linear);
   if (auto* derivative = m_bars.FindControl(1044)) derivative->SetEnabled(!linear.startsWith(u'['));
-  SetProblem(draft ? Problem(linear) : QString());
+  // A draft may hold what was typed before it was converted.
+  SetProblem(draft ? Problem(mathx::FromTypedInput(linear)) : QString());
 }
 
 // Brackets first, as the user sees them; then whether the normaliser and the compilers make an
@@ -190,19 +195,60 @@ void frmInsert::StandardChanged() {
   }
 }
 
+// What the user types or pastes is turned into the row language ("|x|" into "abs(x)", LaTeX
+// into calls) before it is compiled, and the field shows the row at once, unless the user is
+// still in the middle of a name or number that the conversion would cut ("√1" on the way to
+// "√12"): then the field waits, but the standard style already shows what was understood.
 void frmInsert::LinearChanged() {
-  const QString text = m_txtLinear->text();
-  if (auto* derivative = m_bars.FindControl(1044)) derivative->SetEnabled(!text.startsWith(u'['));
+  const QString typed = m_txtLinear->text();
   // Written by the program from the standard style, the text is that equation's.
   if (QApplication::focusWidget() != m_txtLinear) {
+    m_lastLinear = typed;
+    if (auto* derivative = m_bars.FindControl(1044)) derivative->SetEnabled(!typed.startsWith(u'['));
     SetProblem(QString());
     return;
   }
+  const QString text = mathx::FromTypedInput(typed);
+  if (text != typed && !StillTyping(typed)) ShowConverted(typed, text);
+  m_lastLinear = m_txtLinear->text();
+  if (auto* derivative = m_bars.FindControl(1044)) derivative->SetEnabled(!text.startsWith(u'['));
   const QString reason = Problem(text);
   SetProblem(reason);
   if (reason.isEmpty()) {
     m_mthStandard->SetText(plotcompiler::CompileInequalityRow(expression::NormaliseExpression(m_state.FunctionTokens, text)));
   }
+}
+
+// One character typed at the caret that may go on into a longer name or number.
+bool frmInsert::StillTyping(const QString& typed) const {
+  const int caret = m_txtLinear->cursorPosition();
+  if (typed.size() != m_lastLinear.size() + 1 || caret < 1 || caret > typed.size()) return false;
+  if (QStringView(typed).left(caret - 1) != QStringView(m_lastLinear).left(caret - 1)) return false;
+  const QChar c = typed[caret - 1];
+  const bool continues = (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || (c >= u'0' && c <= u'9') ||
+                         c == u'.' || c == u'\\';
+  return continues;
+}
+
+// The row in the field. What stood behind the caret stays behind it where the row still ends
+// with it; otherwise the caret goes to the end.
+void frmInsert::ShowConverted(const QString& typed, const QString& row) {
+  const QString after = typed.mid(m_txtLinear->cursorPosition());
+  const int caret = int(row.endsWith(after) ? row.size() - after.size() : row.size());
+  const QSignalBlocker quiet(m_txtLinear);
+  m_txtLinear->setText(row);
+  m_txtLinear->setCursorPosition(caret);
+}
+
+// Leaving the field, what waited for the rest of a name is converted too.
+void frmInsert::LinearFinished() {
+  if (m_unloading) return;
+  const QString typed = m_txtLinear->text();
+  const QString row = mathx::FromTypedInput(typed);
+  if (row == typed || m_txtLinear->property("invalid").toBool()) return;
+  const QSignalBlocker quiet(m_txtLinear);
+  m_txtLinear->setText(row);
+  m_lastLinear = row;
 }
 
 void frmInsert::SetBoth(const QString& standard, const QString& linear) {

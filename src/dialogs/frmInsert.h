@@ -70,6 +70,9 @@ private:
   void Fill();
   void StandardChanged();
   void LinearChanged();
+  bool StillTyping(const QString& typed) const;
+  void ShowConverted(const QString& typed, const QString& row);
+  void LinearFinished();
   void Derivative();
   void DisplayCommand(ribbon::CommandControl& control);
   void SetBoth(const QString& standard, const QString& linear);
@@ -94,6 +97,7 @@ private:
   QLabel* m_lblReason;
   QString m_base;        // the editor's text as the dialog opened with it, in the standard style
   QString m_baseLinear;  // and in the linear style
+  QString m_lastLinear;  // the linear text before the user's last change
   QTimer m_tmrAnimater;
   bool m_unloading = false;
   bool m_answering = false;  // a message box of ours is up: losing the activation to it is no leave

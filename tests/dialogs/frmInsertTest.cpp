@@ -12,6 +12,8 @@
 #include "StateSupport.h"
 
 #include <QApplication>
+#include <QClipboard>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
@@ -499,4 +501,103 @@ TEST(frmInsert, ALongTextIsNeverCutShort) {
   d.txtLinear()->setFocus();
   d.txtLinear()->setText(text);
   EXPECT_EQ(d.txtLinear()->text(), text);
+}
+
+TEST(frmInsert, WhatIsTypedOrPastedTurnsIntoTheRowLanguage) {
+  DialogFixture f;
+  frmInsert& d = f.Open(0, 0);
+  f.TypeLinear("y=|x|");
+  EXPECT_EQ(d.txtLinear()->text(), "y=abs(x)");
+  EXPECT_EQ(d.txtLinear()->cursorPosition(), d.txtLinear()->text().size());
+  EXPECT_EQ(d.mthStandard()->Text(), "y=abs(x)");
+  EXPECT_FALSE(d.txtLinear()->property("invalid").toBool());
+
+  f.TypeLinear("y=");
+  QApplication::clipboard()->setText(QStringLiteral("\\frac{1}{\\sqrt{x^{2}+1}}"));
+  d.txtLinear()->paste();
+  EXPECT_EQ(d.txtLinear()->text(), "y=(1)/(sqrt(x^2+1))");
+  EXPECT_EQ(d.mthStandard()->Text(), "y=(1)/(sqrt(x^2+1))");
+  EXPECT_FALSE(d.txtLinear()->property("invalid").toBool());
+  QTest::mouseClick(d.btnInsert(), Qt::LeftButton);
+  EXPECT_EQ(f.target.writes, QStringList{"0/0=y=(1)/(sqrt(x^2+1))"});
+}
+
+namespace {
+
+// Types key by key as TypeLinear does, with the characters that no key of the test's keyboard
+// has (√, ²) sent as the text of a key press, as an input method does.
+void TypeKeys(DialogFixture& f, const QString& text, bool replace = true) {
+  if (replace) f.TypeLinear(QString());
+  for (const QChar c : text) {
+    if (c.unicode() < 0x80) {
+      QTest::keyClick(f.dialog->txtLinear(), char(c.unicode()));
+      continue;
+    }
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, QString(c));
+    QApplication::sendEvent(f.dialog->txtLinear(), &press);
+    QKeyEvent release(QEvent::KeyRelease, Qt::Key_unknown, Qt::NoModifier, QString(c));
+    QApplication::sendEvent(f.dialog->txtLinear(), &release);
+  }
+}
+
+}  // namespace
+
+TEST(frmInsert, TypingIsNotFoughtWhileANumberOrNameGoesOn) {
+  DialogFixture f;
+  frmInsert& d = f.Open(0, 0);
+  // The bar waits for its partner; the root for the rest of its number, while the standard
+  // style already shows what was understood.
+  f.TypeLinear("y=|x");
+  EXPECT_EQ(d.txtLinear()->text(), "y=|x");
+  TypeKeys(f, "y=√12");
+  EXPECT_EQ(d.txtLinear()->text(), "y=√12");
+  EXPECT_EQ(d.mthStandard()->Text(), "y=sqrt(12)");
+  TypeKeys(f, "+1", false);
+  EXPECT_EQ(d.txtLinear()->text(), "y=sqrt(12)+1");
+  // Leaving the field converts what still waited.
+  TypeKeys(f, "y=√12");
+  d.mthStandard()->setFocus();
+  EXPECT_EQ(d.txtLinear()->text(), "y=sqrt(12)");
+  EXPECT_EQ(d.mthStandard()->Text(), "y=sqrt(12)");
+  // Typed in the middle, the caret stays before what stood behind it.
+  f.TypeLinear("y=+1");
+  d.txtLinear()->setCursorPosition(2);
+  QTest::keyClicks(d.txtLinear(), "|x|");
+  EXPECT_EQ(d.txtLinear()->text(), "y=abs(x)+1");
+  EXPECT_EQ(d.txtLinear()->cursorPosition(), 8);
+  EXPECT_EQ(d.mthStandard()->Text(), "y=abs(x)+1");
+  // Points and a named function, as typed.
+  f.TypeLinear("(1,2),(3,4)");
+  EXPECT_EQ(d.txtLinear()->text(), "[x,y;1,2;3,4]");
+  EXPECT_EQ(d.mthStandard()->Text(), "[x,y;1,2;3,4]");
+  TypeKeys(f, "f(x)=x²");
+  EXPECT_EQ(d.txtLinear()->text(), "y=x^2");
+  EXPECT_EQ(d.mthStandard()->Text(), "y=x^2");
+}
+
+TEST(frmInsert, PastedTextsShowTheirEquation) {
+  struct Case {
+    const char* pasted;
+    const char* linear;
+    const char* standard;
+  };
+  const Case cases[] = {
+      {"y=|x-1|+|2x|", "y=abs(x-1)+abs(2x)", "y=abs(x-1)+abs(2*x)"},
+      {"r(θ)=2sin(3θ)", "r=2sin(3theta)", "r=2sin*(3q..symb)"},
+      {"$y=\\sqrt[3]{x}$", "y=xroot(x,3)", "y=xroot(x,3)"},
+      {"y=\\frac{x+1}{x-1}", "y=(x+1)/(x-1)", "y=(x+1)/(x-1)"},
+      {"y≤x²", "y<=x^2", "y<=x^2"},
+      {"(1,2),(3,4)", "[x,y;1,2;3,4]", "[x,y;1,2;3,4]"},
+      {"y=2√x", "y=2sqrt(x)", "y=2*sqrt(x)"},
+  };
+  for (const Case& c : cases) {
+    DialogFixture f;
+    frmInsert& d = f.Open(0, 0);
+    f.TypeLinear("");
+    QApplication::clipboard()->setText(QString::fromUtf8(c.pasted));
+    d.txtLinear()->paste();
+    EXPECT_EQ(d.txtLinear()->text().toStdString(), c.linear) << c.pasted;
+    EXPECT_FALSE(d.txtLinear()->property("invalid").toBool()) << c.pasted << ": " << d.lblReason()->text().toStdString();
+    EXPECT_EQ(d.mthStandard()->Text().toStdString(), c.standard) << c.pasted;
+  }
 }
