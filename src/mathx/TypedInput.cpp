@@ -180,7 +180,7 @@ private:
       SkipBlanks();  // as TeX does behind a command word
       return *known;
     }
-    return u'\\' + word;  // unknown: left as it was written, so the user sees it
+    return std::nullopt;  // a command the row language has no word for: nothing is read
   }
 
   // A name such as pi is one factor: a letter or digit right behind it needs a star.

@@ -10,7 +10,8 @@ namespace mathx {
 // is copied from a worksheet (\frac, \sqrt, \left( ... \right), ^{..}, $...$) into the row
 // language. Text that is a row already comes back unchanged, and so does the result itself.
 // Unfinished input is left as it stands where it cannot be read yet: a bar without its partner,
-// braces that are not closed, a LaTeX command still missing its argument. Never fails.
+// braces that are not closed, a LaTeX command still missing its argument, and LaTeX with a
+// command the row language has no word for (\infty). Never fails.
 QString FromTypedInput(const QString& text);
 
 }  // namespace mathx

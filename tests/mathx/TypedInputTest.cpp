@@ -163,7 +163,9 @@ TEST(TypedInput, UnfinishedLatexStaysAsTyped) {
       {"y=x^{2", "y=x^{2"},
       {"y=x}", "y=x}"},
       {"y=\\sin", "y=\\sin"},
-      {"y=\\foo{x}", "y=\\foox"},
+      // A command without a word in the row language: nothing is read, rather than half.
+      {"y=\\foo{x}", "y=\\foo{x}"},
+      {"y=\\frac{1}{x}+\\infty", "y=\\frac{1}{x}+\\infty"},
   });
 }
 
