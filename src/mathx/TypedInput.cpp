@@ -144,7 +144,12 @@ private:
     SkipBlanks();
     if (AtEnd() || Peek() == u'}') return std::nullopt;
     if (Peek() == u'{') return Group();
-    if (Peek() == u'\\') return Command();
+    if (Peek() == u'\\') {
+      // An argument is one factor by itself: no star joins it to what follows ("\frac\pi2").
+      auto command = Command();
+      if (command && command->size() > 1 && command->endsWith(u'*')) command->chop(1);
+      return command;
+    }
     return QString(m_text[m_at++]);
   }
 
