@@ -1,5 +1,7 @@
 #include "TypedInput.h"
 
+#include "RowNames.h"
+
 #include <QHash>
 #include <QRegularExpression>
 #include <QStringList>
@@ -34,10 +36,11 @@ bool IsAtom(const QString& s) {
 
 QString Grouped(const QString& s) { return IsAtom(s) ? s : u'(' + s + u')'; }
 
-// The outer marks of mathematics in a text: $...$, $$...$$, \(...\) and \[...\].
-QString WithoutMathMarks(const QString& text) {
+// One pair of outer marks taken off, or the text as it is.
+QString OuterMarksOff(const QString& text) {
   const QString t = text.trimmed();
-  const std::pair<const char16_t*, const char16_t*> marks[] = {{u"$$", u"$$"}, {u"$", u"$"}, {u"\\(", u"\\)"}, {u"\\[", u"\\]"}};
+  const std::pair<const char16_t*, const char16_t*> marks[] = {
+      {u"$$", u"$$"}, {u"$", u"$"}, {u"\\(", u"\\)"}, {u"\\[", u"\\]"}};
   for (const auto& [open16, close16] : marks) {
     const QString open = QString::fromUtf16(open16);
     const QString close = QString::fromUtf16(close16);
@@ -46,6 +49,14 @@ QString WithoutMathMarks(const QString& text) {
     }
   }
   return text;
+}
+
+// The outer marks of mathematics in a text: $...$, $$...$$, \(...\) and \[...\], as many
+// as there are.
+QString WithoutMathMarks(const QString& text) {
+  QString stripped = text;
+  for (QString inner = OuterMarksOff(text); inner != stripped; inner = OuterMarksOff(inner)) stripped = inner;
+  return stripped;
 }
 
 // LaTeX commands that are a name or an operator of the row language.
@@ -206,7 +217,8 @@ private:
       case u'}': return QStringLiteral(")");
       case u'|': return QStringLiteral("|");
       case u',': case u';': case u':': case u'!': case u'\\': return QString();
-      default: return u'\\' + QString(c);
+      // A blank keeps a character that becomes letters ("\θ") from being read as a command.
+      default: return c.unicode() < 0x80 ? u'\\' + QString(c) : QStringLiteral("\\ ") + c;
     }
   }
 
@@ -322,8 +334,28 @@ QString WithPlainCharacters(const QString& text) {
   return out;
 }
 
-// "√x", "√2", "√(x+1)", "√pi": the sign takes the bracket or the one factor behind it. A sign with
-// nothing behind it yet stays.
+// Where the factor that starts with a letter at from ends: a call such as "abs(x)" whole, the
+// name theta or pi, or else the one letter. A call whose bracket is still open has no end yet:
+// from itself.
+qsizetype FactorOfLetters(const QString& s, qsizetype from) {
+  const QStringView rest = QStringView(s).mid(from);
+  for (const QString& name : FunctionNames()) {
+    if (!rest.startsWith(name) || !rest.mid(name.size()).startsWith(u'(')) continue;
+    int depth = 0;
+    for (qsizetype j = from + name.size(); j < s.size(); ++j) {
+      if (s[j] == u'(') ++depth;
+      if (s[j] == u')' && --depth == 0) return j + 1;
+    }
+    return from;
+  }
+  for (const char16_t* name : {u"theta", u"pi"}) {
+    if (rest.startsWith(QStringView(name))) return from + QStringView(name).size();
+  }
+  return from + 1;
+}
+
+// "√x", "√2", "√(x+1)", "√pi", "√abs(x)": the sign takes the bracket or the one factor behind
+// it. A sign with nothing whole behind it yet stays.
 QString WithSquareRoots(const QString& text) {
   QString s = text;
   for (qsizetype at = s.lastIndexOf(u'√'); at >= 0; at = at > 0 ? s.lastIndexOf(u'√', at - 1) : -1) {
@@ -338,10 +370,8 @@ QString WithSquareRoots(const QString& text) {
     if (IsDigit(s[from]) || s[from] == u'.') {
       while (end < s.size() && (IsDigit(s[end]) || s[end] == u'.')) ++end;
     } else if (IsAsciiLetter(s[from])) {
-      end = from + 1;
-      for (const char16_t* name : {u"theta", u"pi"}) {
-        if (QStringView(s).mid(from).startsWith(QStringView(name))) end = from + QStringView(name).size();
-      }
+      end = FactorOfLetters(s, from);
+      if (end == from) continue;
     } else {
       continue;
     }
@@ -447,9 +477,9 @@ QString WithPointList(const QString& text) {
   return head + rows + u']';
 }
 
-}  // namespace
-
-QString FromTypedInput(const QString& text) {
+// The conversions in their order: marks, LaTeX, characters, bars, roots, a function's name,
+// points. Unfinished LaTeX leaves the whole text as it was typed.
+QString OneRound(const QString& text) {
   QString s = WithoutMathMarks(text);
   if (s.contains(u'\\') || s.contains(u'{') || s.contains(u'}')) {
     const auto read = LatexReader(s).Read();
@@ -457,12 +487,25 @@ QString FromTypedInput(const QString& text) {
     s = *read;
   }
   s = WithPlainCharacters(s);
+  s = WithAbsoluteValues(s);  // first, so that a root can take "|x|" whole
   s = WithSquareRoots(s);
-  s = WithAbsoluteValues(s);
   s = WithNamedFunction(s);
-  s = WithPointList(s);
-  // Nothing understood: what was typed stays as typed, blanks and all.
-  return s;
+  return WithPointList(s);
+}
+
+}  // namespace
+
+QString FromTypedInput(const QString& text) {
+  // Once more over its own result, until nothing changes: the field's text is converted again
+  // with every key, and a row must stay as it is. Odd input can take a second round
+  // ("\(x\)\right" has its marks only once the command is gone).
+  QString row = OneRound(text);
+  for (int round = 0; round < 4; ++round) {
+    QString again = OneRound(row);
+    if (again == row) break;
+    row = std::move(again);
+  }
+  return row;
 }
 
 }  // namespace mathx

@@ -58,6 +58,10 @@ TEST(TypedInput, TheCharactersOfKeyboardsAndWordProcessors) {
       {"y=√π", "y=sqrt(pi)"},
       {"r=√θ", "r=sqrt(theta)"},
       {"y=√", "y=√"},
+      {"y=√|x|", "y=sqrt(abs(x))"},
+      {"y=|√x|", "y=abs(sqrt(x))"},
+      {"y=√sin(x)", "y=sqrt(sin(x))"},
+      {"y=√sin(x", "y=√sin(x"},
       {"y=x²", "y=x^2"},
       {"y=x³-x", "y=x^3-x"},
       {"x²+y²=4", "x^2+y^2=4"},
@@ -187,16 +191,19 @@ TEST(TypedInput, RowsComeBackUnchanged) {
 TEST(TypedInput, TheResultsReadAsFormulas) {
   for (const char* typed : {"y=|x-1|+|2x|", "r(θ)=2sin(3θ)", "(1,2),(3,4)", "y=\\frac{1}{\\sqrt{x^{2}+1}}",
                             "y=\\sqrt[3]{x}", "y=√(x+1)", "y≤x²"}) {
-    EXPECT_NE(mathx::ParseRow(FromTypedInput(QString::fromUtf8(typed))).kind, mathx::MathNode::Kind::PlainText) << typed;
+    const mathx::MathNode row = mathx::ParseRow(FromTypedInput(QString::fromUtf8(typed)));
+    EXPECT_NE(row.kind, mathx::MathNode::Kind::PlainText) << typed;
   }
 }
 
-TEST(TypedInput, HostileTextDoesNotCrash) {
+TEST(TypedInput, HostileTextDoesNotCrashAndItsRowStays) {
   QString deep;
   for (int i = 0; i < 500; ++i) deep += QStringLiteral("\\frac{");
-  for (const QString& text : {deep, QString(500, u'{') + QString(500, u'}'), QString(300, u'|'), QStringLiteral("\\sqrt[\\sqrt["),
-                              QStringLiteral("$"), QStringLiteral("$$"), QStringLiteral("\\(\\)"), QStringLiteral("√√√"),
-                              QStringLiteral("^{}"), QStringLiteral("\\left"), QStringLiteral("(,)"), QStringLiteral(",")}) {
-    EXPECT_NO_THROW(FromTypedInput(text));
+  const QStringList texts = {deep, QString(500, u'{') + QString(500, u'}'), QString(300, u'|'), "\\sqrt[\\sqrt[", "$", "$$",
+                             "$$$$$$", "\\(\\)", "√√√", "^{}", "\\left", "(,)", ",", "\\θ", "\\(x\\)\\right"};
+  for (const QString& text : texts) {
+    QString row;
+    EXPECT_NO_THROW(row = FromTypedInput(text));
+    EXPECT_EQ(FromTypedInput(row), row) << text.left(40).toStdString();
   }
 }
