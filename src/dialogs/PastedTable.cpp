@@ -2,32 +2,11 @@
 
 #include "core/NumberText.h"
 #include "core/RuntimeError.h"
+#include "mathx/TypedInput.h"
 
 #include <QRegularExpression>
 
 namespace dialogs {
-
-namespace {
-
-// The pieces of a text between commas that stand outside any bracket: "max(1,2),3" is two.
-QStringList TopLevelCommaPieces(const QString& text) {
-  QStringList pieces;
-  int depth = 0;
-  qsizetype start = 0;
-  for (qsizetype i = 0; i < text.size(); ++i) {
-    const QChar c = text[i];
-    if (c == u'(' || c == u'[') ++depth;
-    else if ((c == u')' || c == u']') && depth > 0) --depth;
-    else if (c == u',' && depth == 0) {
-      pieces << text.mid(start, i - start);
-      start = i + 1;
-    }
-  }
-  pieces << text.mid(start);
-  return pieces;
-}
-
-}  // namespace
 
 bool IsPlainNumber(const QString& text) {
   try {
@@ -44,7 +23,7 @@ QStringList CellsOf(const QString& line) {
   QStringList cells;
   if (line.contains(u'\t')) cells = line.split(u'\t');
   else if (line.contains(u';')) cells = line.split(u';');
-  else cells = TopLevelCommaPieces(line);
+  else cells = mathx::TopLevelCommaPieces(line);
   if (cells.size() == 1) {
     const QStringList words = line.split(QRegularExpression(QStringLiteral("\\s+")), Qt::SkipEmptyParts);
     bool numbers = words.size() >= 2;

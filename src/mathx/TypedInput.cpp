@@ -425,21 +425,10 @@ QString WithNamedFunction(const QString& text) {
   return variable + text.mid(match.capturedEnd());
 }
 
-// The pieces of text between the commas that no bracket holds.
+// The pieces of text between the commas that no bracket holds, without their spaces.
 QStringList TopLevelPieces(const QString& text) {
-  QStringList pieces;
-  int depth = 0;
-  qsizetype start = 0;
-  for (qsizetype i = 0; i < text.size(); ++i) {
-    const QChar c = text[i];
-    if (c == u'(' || c == u'[') ++depth;
-    if (c == u')' || c == u']') --depth;
-    if (c == u',' && depth == 0) {
-      pieces << text.mid(start, i - start).trimmed();
-      start = i + 1;
-    }
-  }
-  pieces << text.mid(start).trimmed();
+  QStringList pieces = TopLevelCommaPieces(text);
+  for (QString& piece : pieces) piece = piece.trimmed();
   return pieces;
 }
 
@@ -506,6 +495,23 @@ QString FromTypedInput(const QString& text) {
     row = std::move(again);
   }
   return row;
+}
+
+QStringList TopLevelCommaPieces(const QString& text) {
+  QStringList pieces;
+  int depth = 0;
+  qsizetype start = 0;
+  for (qsizetype i = 0; i < text.size(); ++i) {
+    const QChar c = text[i];
+    if (c == u'(' || c == u'[') ++depth;
+    else if ((c == u')' || c == u']') && depth > 0) --depth;
+    else if (c == u',' && depth == 0) {
+      pieces << text.mid(start, i - start);
+      start = i + 1;
+    }
+  }
+  pieces << text.mid(start);
+  return pieces;
 }
 
 }  // namespace mathx

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 namespace mathx {
 
@@ -13,5 +14,9 @@ namespace mathx {
 // braces that are not closed, a LaTeX command still missing its argument, and LaTeX with a
 // command the row language has no word for (\infty). Never fails.
 QString FromTypedInput(const QString& text);
+
+// The pieces of a text between the commas that stand outside any bracket, as they stand:
+// "max(1,2),3" is two. A closing bracket without its opening one is passed over.
+QStringList TopLevelCommaPieces(const QString& text);
 
 }  // namespace mathx
