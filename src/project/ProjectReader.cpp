@@ -201,6 +201,10 @@ void ProjectReader::Read(const QStringList& lines) {
   m_form.SetProjectChanged(false);
 }
 
+void ProjectReader::ApplyKeys(const std::vector<std::pair<QString, QString>>& keys) {
+  for (const auto& [key, value] : keys) ApplyKey(key, value);
+}
+
 void ProjectReader::ApplyKey(const QString& key, const QString& value) {
   const auto action = m_actions.constFind(key);
   if (action != m_actions.constEnd()) (*action)(value);

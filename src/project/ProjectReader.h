@@ -10,6 +10,8 @@
 #include <QStringList>
 
 #include <functional>
+#include <utility>
+#include <vector>
 
 namespace project {
 
@@ -26,6 +28,9 @@ public:
   bool LoadProject(const QString& path);
   // The same from the bytes of a file; the name is the one a refusal names.
   bool LoadBytes(const QByteArray& bytes, const QString& fileName = QString());
+  // Lines of a file other than the rows' ("[Plot][xMin]", "[Para][X]"...), each applied as a read
+  // applies it; keys the reader does not know are skipped. No replot follows.
+  void ApplyKeys(const std::vector<std::pair<QString, QString>>& keys);
   // Whether the lines are a project: empty, or with the start marker, the title line or a line
   // that the reader acts on.
   bool IsProject(const QStringList& lines) const;

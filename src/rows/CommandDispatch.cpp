@@ -3,6 +3,7 @@
 #include "FileCommands.h"
 #include "InputTabs.h"
 #include "SurfacePage.h"
+#include "UndoCommands.h"
 #include "frmMain.h"
 
 #include "core/NumberText.h"
@@ -67,7 +68,7 @@ CommandDispatch::CommandDispatch(frmMain& form, const MainServices& services, Ro
 void CommandDispatch::CommandBars_Execute(ribbon::CommandControl& control) {
   try {
     const std::int32_t id = control.Id();
-    if (FileCommand(id) || PictureCommand(id) || Toggle(control) || ViewCommand(control) || ToolCommand(id) ||
+    if (m_form.Undo().Execute(id) || FileCommand(id) || PictureCommand(id) || Toggle(control) || ViewCommand(control) || ToolCommand(id) ||
         m_rows.Execute(control)) {
       return;
     }

@@ -6,6 +6,7 @@
 #include "FormInsertTarget.h"
 #include "FormProject.h"
 #include "FormReplotHost.h"
+#include "FormHistory.h"
 #include "FunctionList.h"
 #include "InputTabs.h"
 #include "RowCommands.h"
@@ -15,6 +16,7 @@
 #include "output/pageSaveAsPicture.h"
 #include "output/pageInfo.h"
 #include "RowMenu.h"
+#include "UndoCommands.h"
 
 #include "core/NumberText.h"
 #include "help/HelpWindow.h"
@@ -42,6 +44,8 @@
 #include <cmath>
 #include <QCloseEvent>
 #include <QFileInfo>
+
+#include <utility>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
@@ -98,6 +102,10 @@ frmMain::frmMain(core::SharedState& state, const MainServices& services, QWidget
       m_state, m_services.Boxes, m_services.Files, [this](const QString& path) { return SaveProject(path); },
       [this](const QString& path) { return LoadProject(path); });
   m_files->RefreshChanged = [this] { RefreshProjectChanged(); };
+  m_historyTarget = std::make_unique<FormHistory>(*m_project, Functions(), m_state, m_services.Boxes, [this] { AfterRead(); });
+  m_undo = new UndoCommands(*m_historyTarget, m_ribbon->QuickAccess(), *this, [this] {
+    if (!m_reading) RefreshProjectChanged();
+  });
   m_rowMenu = std::make_unique<RowMenu>(m_commandBars, Functions());
   m_rowCommands = std::make_unique<RowCommands>(Functions(), *m_rowMenu, m_services.Colors, m_services.Desktop);
   m_dispatch = std::make_unique<CommandDispatch>(*this, m_services, *m_rowCommands);
@@ -111,6 +119,8 @@ frmMain::frmMain(core::SharedState& state, const MainServices& services, QWidget
 }
 
 frmMain::~frmMain() {
+  // The history follows the focus, which moves as the widgets go: it goes first.
+  delete std::exchange(m_undo, nullptr);
   m_rowDialogs->CloseAll();
   for (QWidget* popup : {static_cast<QWidget*>(m_insert.data()), static_cast<QWidget*>(m_range.data()),
                          static_cast<QWidget*>(m_fullScreen.data()), static_cast<QWidget*>(m_contact.data())}) {
@@ -151,7 +161,11 @@ void frmMain::WatchChanges() {
 bool frmMain::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
     case QEvent::KeyPress: m_typed = true; break;
-    case QEvent::MouseButtonPress: m_typed = false; break;
+    case QEvent::MouseButtonPress:
+      m_typed = false;
+      // A click begins another action, and so another step.
+      if (m_undo) m_undo->Seal();
+      break;
     default: break;
   }
   switch (event->type()) {
@@ -257,6 +271,7 @@ void frmMain::Form_Load() {
   Refresh_mth_Height(false);
   m_state.ProjectChanged = false;
   MarkSaved();
+  m_undo->History().Reset(m_savedText);
 }
 
 void frmMain::StartRibbon() {
@@ -422,18 +437,30 @@ void frmMain::Replot(bool with3D) {
 bool frmMain::SaveProject(const QString& path) {
   const bool saved = project::ProjectWriter(*m_project, m_state, m_services.Boxes).SaveProject(path);
   // The file holds the old bytes when the save failed: the changes are still unsaved.
-  if (saved) MarkSaved();
-  else RefreshProjectChanged();
+  if (saved) {
+    MarkSaved();
+    m_undo->History().MarkClean();
+  } else {
+    RefreshProjectChanged();
+  }
   return saved;
 }
 
 bool frmMain::LoadProject(const QString& path) {
-  if (!project::ProjectReader(*m_project, m_state, m_services.Boxes).LoadProject(path)) return false;
+  m_reading = true;
+  const bool read = project::ProjectReader(*m_project, m_state, m_services.Boxes).LoadProject(path);
+  m_reading = false;
+  if (!read) return false;
+  AfterRead();
+  MarkSaved();
+  m_undo->History().Reset(m_savedText);  // another project: the steps of the last one are gone
+  return true;
+}
+
+void frmMain::AfterRead() {
   m_panes->Sync();
   MirrorSliders();
   MirrorPlot(true);  // the ribbon's colours and checks show what the file holds
-  MarkSaved();
-  return true;
 }
 
 void frmMain::SaveThisFile() {
@@ -476,7 +503,9 @@ void frmMain::CheckChanged() { m_changeCheck.start(); }
 bool frmMain::RefreshProjectChanged() {
   m_changeCheck.stop();
   try {
-    m_state.ProjectChanged = project::ProjectWriter::Compose(*m_project) != m_savedText;
+    const QString now = project::ProjectWriter::Compose(*m_project);
+    m_state.ProjectChanged = now != m_savedText;
+    if (m_undo && !m_reading) m_undo->History().Record(now);
   } catch (const core::RuntimeError&) {
     // What the writer cannot write (a value beyond its kind) cannot be the saved project.
     m_state.ProjectChanged = true;

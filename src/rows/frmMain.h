@@ -53,6 +53,8 @@ class FormInsertTarget;
 class FormReplotHost;
 class AutoReplot;
 class InputTabs;
+class FormHistory;
+class UndoCommands;
 
 // The main window: the input tabs on the left, the plot beside them with its floating buttons,
 // the status bar under them, the command bars above. It owns and wires its parts; each of them is
@@ -113,6 +115,10 @@ public:
   bool RefreshProjectChanged();
   // The project as it is now is the one its file holds (after a save, a load, a sample).
   void MarkSaved();
+  // Undo and Redo, and the history they take their steps from.
+  UndoCommands& Undo() { return *m_undo; }
+  // What follows a read of the project: the ribbon and the status bar show the plot's values.
+  void AfterRead();
 
   core::SharedState& State() { return m_state; }
   InputTabs& Tabs() { return *m_tabs; }
@@ -196,6 +202,9 @@ private:
   QTimer m_resizeSettled;  // a full-quality picture once the window has stopped changing size
   QTimer m_changeCheck;    // ProjectChanged worked out again once the events of a change are done
   AutoReplot* m_autoReplot = nullptr;
+  std::unique_ptr<FormHistory> m_historyTarget;
+  UndoCommands* m_undo = nullptr;
+  bool m_reading = false;  // a project is being read: its changes are no steps
   bool m_typed = false;     // the last input came from the keyboard
   QString m_savedText;     // what the writer wrote or the reader read last, or the fresh project
 };

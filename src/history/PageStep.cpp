@@ -1,0 +1,7 @@
+#include "PageStep.h"
+
+namespace history {
+
+void PageStep::Apply(const QString& text) { Target().ApplyWhole(text); }
+
+}  // namespace history

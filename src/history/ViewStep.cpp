@@ -1,0 +1,7 @@
+#include "ViewStep.h"
+
+namespace history {
+
+void ViewStep::Apply(const QString& text) { Target().ApplyWhole(text); }
+
+}  // namespace history
