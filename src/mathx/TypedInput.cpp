@@ -138,6 +138,9 @@ private:
         if (piece) piece = Grouped(*piece);
       } else if (c == u'\\') {
         piece = Command();
+        // A name behind a letter ("a\exp", "x\pi") would run into it as one word.
+        if (piece && !piece->isEmpty() && IsAsciiLetter(piece->front()) && !out.isEmpty() && IsAsciiLetter(out.back()))
+          piece->prepend(u'*');
       } else if (c == u'^') {
         piece = Power();
       } else {
@@ -195,6 +198,12 @@ private:
     if (word == u"left" || word == u"right" || word.startsWith(u"big") || word.startsWith(u"Big")) {
       SkipBlanks();
       if (Peek() == u'.') ++m_at;  // the invisible delimiter
+      // Bars that say which of them opens: an absolute value without the guessing that bare
+      // bars need, which nested ones ("|a|x|-1|") defeat.
+      if (Peek() == u'|' && (word == u"left" || word == u"right")) {
+        ++m_at;
+        return word == u"left" ? QStringLiteral("abs(") : QStringLiteral(")");
+      }
       return QString();
     }
     if (word == u"text" || word == u"mathrm" || word == u"operatorname" || word == u"mathit") return Argument();
@@ -275,6 +284,7 @@ private:
     if (name == u"log" && QStringView(m_text).mid(m_at).startsWith(u"_{10}")) {
       m_at += 5;  // the common logarithm, \log_{10}
       name = QStringLiteral("log10");
+      SkipBlanks();
     }
     QString power;
     if (Peek() == u'^') {
@@ -500,7 +510,10 @@ QString WithConditionInBraces(const QString& text) {
   static const QRegularExpression form(QStringLiteral(R"(^(.*\S)\s*\\q?quad\s*\\left\\\{(.*)\\right\\\}\s*$)"));
   const auto match = form.match(text);
   if (!match.hasMatch()) return text;
-  return match.captured(1) + u';' + match.captured(2);
+  // Conditions joined by "and" are the conditions that the row language writes one by one.
+  QString conditions = match.captured(2);
+  conditions.replace(QStringLiteral("\\text{ and }"), QStringLiteral(";"));
+  return match.captured(1) + u';' + conditions;
 }
 
 // "show grid", as a display command is copied, is that command's row.
