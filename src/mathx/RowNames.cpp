@@ -52,8 +52,9 @@ QString GreekLetter(const QString& name) {
   return named.value(name);
 }
 
-QString CommandPhrase(const QString& keyword) {
-  static const std::pair<const char*, const char*> phrases[] = {
+namespace {
+
+const std::pair<const char*, const char*> kPhrases[] = {
       {"showaxis", "show axis"},
       {"hideaxis", "hide axis"},
       {"showgrid", "show grid"},
@@ -67,9 +68,19 @@ QString CommandPhrase(const QString& keyword) {
       {"transparentbackground", "transparent background"},
       {"opaquebackground", "opaque background"},
       {"enterfullscreen", "enter full screen"}};
-  for (const auto& [word, phrase] : phrases)
+
+}  // namespace
+
+QString CommandPhrase(const QString& keyword) {
+  for (const auto& [word, phrase] : kPhrases)
     if (keyword == QLatin1StringView(word)) return QString::fromLatin1(phrase);
   return keyword;
+}
+
+QString CommandKeyword(const QString& phrase) {
+  for (const auto& [word, spelled] : kPhrases)
+    if (phrase == QLatin1StringView(spelled)) return QString::fromLatin1(word);
+  return {};
 }
 
 }  // namespace mathx

@@ -20,5 +20,7 @@ QString GreekLetter(const QString& name);
 // The readable form of a display command's keyword ("showgrid" -> "show grid"); a keyword that
 // is no display command comes back as it stands.
 QString CommandPhrase(const QString& keyword);
+// The keyword of a display command's readable form ("show grid" -> "showgrid"), or an empty text.
+QString CommandKeyword(const QString& phrase);
 
 }  // namespace mathx

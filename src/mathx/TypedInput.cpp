@@ -63,13 +63,23 @@ QString WithoutMathMarks(const QString& text) {
 const QHash<QString, QString>& CommandWords() {
   static const QHash<QString, QString> words = [] {
     QHash<QString, QString> w;
-    for (const char* same : {"pi", "theta", "alpha", "beta", "phi", "tau", "rho", "lambda"}) w.insert(same, same);
+    for (const char* same : {"pi", "theta", "alpha", "beta", "phi", "tau", "rho", "lambda", "gamma", "delta", "sigma",
+                             "omega", "epsilon"}) {
+      w.insert(same, same);
+    }
     w.insert("vartheta", "theta");
     w.insert("varphi", "phi");
+    w.insert("mu", "meu");
+    // Letters that the row language has only as the editor's symbols.
+    const std::pair<const char*, const char*> symbols[] = {
+        {"chi", "c..symb"}, {"eta", "h..symb"},  {"iota", "i..symb"}, {"kappa", "k..symb"}, {"nu", "n..symb"},
+        {"xi", "x..symb"},  {"psi", "y..symb"},  {"zeta", "z..symb"}, {"upsilon", "u..symb"}, {"varpi", "v..symb"}};
+    for (const auto& [word, symbol] : symbols) w.insert(word, symbol);
     const std::pair<const char*, const char*> operators[] = {
         {"cdot", "*"}, {"times", "*"}, {"ast", "*"}, {"div", "/"},      {"le", "<="}, {"leq", "<="},
         {"leqslant", "<="}, {"ge", ">="}, {"geq", ">="}, {"geqslant", ">="}, {"ne", "<>"}, {"neq", "<>"},
-        {"lt", "<"},   {"gt", ">"},     {"quad", ""},  {"qquad", ""},      {"displaystyle", ""}};
+        {"lt", "<"},   {"gt", ">"},     {"quad", ""},  {"qquad", ""},      {"displaystyle", ""},
+        {"bmod", " mod "}, {"backslash", "\\"}};
     for (const auto& [word, by] : operators) w.insert(word, by);
     return w;
   }();
@@ -128,6 +138,9 @@ private:
         if (piece) piece = Grouped(*piece);
       } else if (c == u'\\') {
         piece = Command();
+        // A name behind a letter ("a\exp", "x\pi") would run into it as one word.
+        if (piece && !piece->isEmpty() && IsAsciiLetter(piece->front()) && !out.isEmpty() && IsAsciiLetter(out.back()))
+          piece->prepend(u'*');
       } else if (c == u'^') {
         piece = Power();
       } else {
@@ -185,6 +198,12 @@ private:
     if (word == u"left" || word == u"right" || word.startsWith(u"big") || word.startsWith(u"Big")) {
       SkipBlanks();
       if (Peek() == u'.') ++m_at;  // the invisible delimiter
+      // Bars that say which of them opens: an absolute value without the guessing that bare
+      // bars need, which nested ones ("|a|x|-1|") defeat.
+      if (Peek() == u'|' && (word == u"left" || word == u"right")) {
+        ++m_at;
+        return word == u"left" ? QStringLiteral("abs(") : QStringLiteral(")");
+      }
       return QString();
     }
     if (word == u"text" || word == u"mathrm" || word == u"operatorname" || word == u"mathit") return Argument();
@@ -203,10 +222,20 @@ private:
   QString Name(const QString& name) {
     if (name.isEmpty() || !IsAsciiLetter(name[0])) return name;
     SkipBlanks();
-    if (IsWordChar(Peek()) || (Peek() == u'\\' && m_at + 1 < m_text.size() && IsAsciiLetter(m_text[m_at + 1]))) {
-      return name + u'*';
-    }
+    if (IsWordChar(Peek()) || NextCommandIsFactor()) return name + u'*';
     return name;
+  }
+
+  // Whether the command that comes next is a factor of its own (\pi, \sin, \frac), rather than
+  // an operator or a bracket (\cdot, \le, \right) that needs no star in front.
+  bool NextCommandIsFactor() const {
+    if (Peek() != u'\\') return false;
+    qsizetype end = m_at + 1;
+    while (end < m_text.size() && IsAsciiLetter(m_text[end])) ++end;
+    const QString word = m_text.mid(m_at + 1, end - m_at - 1);
+    if (word.isEmpty() || word == u"left" || word == u"right") return false;
+    const auto known = CommandWords().constFind(word);
+    return known == CommandWords().cend() || (!known->isEmpty() && IsAsciiLetter(known->front()));
   }
 
   // "\{" and "\}" are brackets, "\," and its kind are spaces. Any other backslash is the
@@ -249,8 +278,14 @@ private:
   }
 
   // "\sin x", "\sin(x)", "\sin{x}", "\sin 2x" and "\sin^2 x" as calls of the row language.
-  std::optional<QString> Function(const QString& name) {
+  std::optional<QString> Function(const QString& spelled) {
     SkipBlanks();
+    QString name = spelled;
+    if (name == u"log" && QStringView(m_text).mid(m_at).startsWith(u"_{10}")) {
+      m_at += 5;  // the common logarithm, \log_{10}
+      name = QStringLiteral("log10");
+      SkipBlanks();
+    }
     QString power;
     if (Peek() == u'^') {
       ++m_at;
@@ -259,7 +294,7 @@ private:
       power = u'^' + Grouped(*exponent);
       SkipBlanks();
     }
-    if (Peek() == u'(' && power.isEmpty()) return name;
+    if ((Peek() == u'(' || AtLeftBracket()) && power.isEmpty()) return name;
     QString argument;
     if (Peek() == u'{' || Peek() == u'(') {
       const auto group = Peek() == u'{' ? Group() : Bracket();
@@ -271,6 +306,9 @@ private:
     if (argument.isEmpty()) return std::nullopt;
     return name + u'(' + argument + u')' + power;
   }
+
+  // "\left(": the call's bracket, read as the bracket it is.
+  bool AtLeftBracket() const { return QStringView(m_text).mid(m_at).startsWith(u"\\left("); }
 
   // "\sin 2x": the letters, digits and names (\pi) up to the next operator, blank or bracket.
   QString BareArgument() {
@@ -466,10 +504,28 @@ QString WithPointList(const QString& text) {
   return head + rows + u']';
 }
 
+// "y=x^{2}\quad\left\{0<x<3\right\}": a condition set in braces behind the equation, as a
+// row is copied as LaTeX, is the condition that the row language writes behind ";".
+QString WithConditionInBraces(const QString& text) {
+  static const QRegularExpression form(QStringLiteral(R"(^(.*\S)\s*\\q?quad\s*\\left\\\{(.*)\\right\\\}\s*$)"));
+  const auto match = form.match(text);
+  if (!match.hasMatch()) return text;
+  // Conditions joined by "and" are the conditions that the row language writes one by one.
+  QString conditions = match.captured(2);
+  conditions.replace(QStringLiteral("\\text{ and }"), QStringLiteral(";"));
+  return match.captured(1) + u';' + conditions;
+}
+
+// "show grid", as a display command is copied, is that command's row.
+QString WithDisplayCommand(const QString& text) {
+  const QString keyword = CommandKeyword(text.trimmed());
+  return keyword.isEmpty() ? text : QStringLiteral("command==>[") + keyword + u']';
+}
+
 // The conversions in their order: marks, LaTeX, characters, bars, roots, a function's name,
 // points. Unfinished LaTeX leaves the whole text as it was typed.
 QString OneRound(const QString& text) {
-  QString s = WithoutMathMarks(text);
+  QString s = WithConditionInBraces(WithoutMathMarks(text));
   if (s.contains(u'\\') || s.contains(u'{') || s.contains(u'}')) {
     const auto read = LatexReader(s).Read();
     if (!read) return text;
@@ -479,7 +535,7 @@ QString OneRound(const QString& text) {
   s = WithAbsoluteValues(s);  // first, so that a root can take "|x|" whole
   s = WithSquareRoots(s);
   s = WithNamedFunction(s);
-  return WithPointList(s);
+  return WithDisplayCommand(WithPointList(s));
 }
 
 }  // namespace

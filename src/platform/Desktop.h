@@ -2,8 +2,10 @@
 
 #include <QFont>
 #include <QImage>
+#include <QMimeData>
 #include <QString>
 
+#include <memory>
 #include <optional>
 
 namespace platform {
@@ -26,6 +28,10 @@ public:
   virtual void ClearClipboard() = 0;
   // Puts a picture on the clipboard; a desktop without a clipboard for pictures ignores it.
   virtual void SetClipboardImage(const QImage& image) { (void)image; }
+  // Puts one text in several forms on the clipboard at once (plain text, LaTeX, HTML), so that
+  // each program that is pasted into takes the form it reads; a desktop that holds text alone
+  // keeps the plain one.
+  virtual void SetClipboardData(std::unique_ptr<QMimeData> data) { SetClipboardText(data->text()); }
 
   virtual std::optional<QFont> ChooseFont(const QFont& current) = 0;
 };

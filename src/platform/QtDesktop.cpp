@@ -33,6 +33,9 @@ QString QtDesktop::ClipboardText() { return QApplication::clipboard()->text(); }
 void QtDesktop::SetClipboardText(const QString& text) { QApplication::clipboard()->setText(text); }
 void QtDesktop::ClearClipboard() { QApplication::clipboard()->clear(); }
 void QtDesktop::SetClipboardImage(const QImage& image) { QApplication::clipboard()->setImage(image); }
+void QtDesktop::SetClipboardData(std::unique_ptr<QMimeData> data) {
+  QApplication::clipboard()->setMimeData(data.release());  // the clipboard owns it from here
+}
 
 std::optional<QFont> QtDesktop::ChooseFont(const QFont& current) {
   bool ok = false;

@@ -13,6 +13,7 @@ public:
   void SetClipboardText(const QString& text) override;
   void ClearClipboard() override;
   void SetClipboardImage(const QImage& image) override;
+  void SetClipboardData(std::unique_ptr<QMimeData> data) override;
   std::optional<QFont> ChooseFont(const QFont& current) override;
 };
 

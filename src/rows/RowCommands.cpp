@@ -11,10 +11,13 @@
 #include "core/Tag.h"
 #include "core/TextFunctions.h"
 #include "mathx/MthX.h"
+#include "mathx/RowExport.h"
 #include "platform/ColorChooser.h"
 #include "platform/Desktop.h"
 
+#include <QMimeData>
 #include <QPushButton>
+#include <QTextEdit>
 #include <QTextCharFormat>
 
 namespace rows {
@@ -77,8 +80,32 @@ bool RowCommands::Execute(ribbon::CommandControl& control) {
     case 1174:
       if (PointsOf) PointsOf(i);
       return true;
+    // The active row: the menu makes its row the active one, and the key copies the row in work.
+    case 1175: CopyRow(m_rows.ActiveRow()); return true;
     default: return NoteCommand(control, i);
   }
+}
+
+// The row as LaTeX and as readable text at once: the plain text of the clipboard is the LaTeX,
+// which a LaTeX document takes and the insert dialog reads back; the HTML is the readable form,
+// which a word processor prefers. A note copies its text; an empty row copies nothing.
+void RowCommands::CopyRow(int row) {
+  if (row < 0 || row > m_rows.HighestIndex()) return;
+  const FunctionRow& shown = m_rows.Row(row);
+  auto data = std::make_unique<QMimeData>();
+  if (!shown.rchfunNote->isHidden()) {
+    const QString note = shown.rchfunNote->toPlainText();
+    if (note.isEmpty()) return;
+    data->setText(note);
+  } else {
+    const QString text = shown.mthFunction->Text();
+    if (text.isEmpty()) return;
+    const QString latex = mathx::RowExport::ToLatex(text);
+    data->setText(latex);
+    data->setData(QStringLiteral("text/x-tex"), latex.toUtf8());
+    data->setHtml(mathx::RowExport::ToPlainText(text).toHtmlEscaped());
+  }
+  m_desktop.SetClipboardData(std::move(data));
 }
 
 void RowCommands::SetAttributes(int row, const QString& attributes) {

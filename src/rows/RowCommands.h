@@ -38,6 +38,7 @@ private:
   void Note(ribbon::CommandControl& control, int row);
   bool NoteCommand(ribbon::CommandControl& control, int row);
   void SetAttributes(int row, const QString& attributes);
+  void CopyRow(int row);
 
   FunctionList& m_rows;
   RowMenu& m_menu;

@@ -160,6 +160,30 @@ TEST(TypedInput, LatexAsTeachersPasteIt) {
   });
 }
 
+// The LaTeX that a row is copied as reads back into that row.
+TEST(TypedInput, LatexAsARowIsCopied) {
+  ExpectAll({
+      {"y=2\\sin\\left(x\\right)", "y=2sin(x)"},
+      {"y=\\operatorname{sgn}\\left(x\\right)", "y=sgn(x)"},
+      {"y=\\log_{10}\\left(x\\right)", "y=log10(x)"},
+      {"y=\\log_{10} x", "y=log10(x)"},
+      {"r=2\\sin\\left(3\\theta\\right)", "r=2sin(3theta)"},
+      {"y=\\pi\\cdot x", "y=pi*x"},
+      {"y=\\theta\\le 2", "y=theta<=2"},
+      {"y=x^{2}\\quad\\left\\{0<x<3\\right\\}", "y=x^2;0<x<3"},
+      {"y=x\\quad\\left\\{0\\le x\\le 2\\right\\}", "y=x;0<=x<=2"},
+      {"y=\\left\\{x+1\\right\\}", "y=(x+1)"},
+      {"y=\\gamma+\\delta+\\sigma+\\omega+\\epsilon+\\mu", "y=gamma+delta+sigma+omega+epsilon+meu"},
+      {"y=\\chi", "y=c..symb"},
+      {"y=x\\bmod 3", "y=x mod 3"},
+      {"y=7\\backslash 2", "y=7\\2"},
+      {"\\text{show grid}", "command==>[showgrid]"},
+      {"show grid", "command==>[showgrid]"},
+      {"\\left(1,2\\right),\\left(3,4\\right)", "[x,y;1,2;3,4]"},
+      {"\\left[r,\\theta\\right],\\left(2,\\frac{\\pi}{4}\\right)", "[r,theta;2,(pi)/(4)]"},
+  });
+}
+
 TEST(TypedInput, UnfinishedLatexStaysAsTyped) {
   ExpectAll({
       {"\\", "\\"},

@@ -118,6 +118,11 @@ public:
   void SetClipboardText(const QString& text) override { clipboard = text; }
   void ClearClipboard() override { clipboard.clear(), ++clears; }
   void SetClipboardImage(const QImage& image) override { clipboardImage = image; }
+  void SetClipboardData(std::unique_ptr<QMimeData> data) override {
+    clipboard = data->text();
+    clipboardFormats.clear();
+    for (const QString& format : data->formats()) clipboardFormats[format] = QString::fromUtf8(data->data(format));
+  }
   std::optional<QFont> ChooseFont(const QFont& current) override {
     fontAsked.push_back(current);
     return font;
@@ -129,6 +134,7 @@ public:
   bool opens = true;  // false: the desktop has no program for what it is asked to open
   QString clipboard;
   QImage clipboardImage;
+  QMap<QString, QString> clipboardFormats;  // each form of the last text put there in several
   int clears = 0;
   std::optional<QFont> font;
   std::vector<QFont> fontAsked;
