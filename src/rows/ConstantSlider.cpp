@@ -1,5 +1,7 @@
 #include "ConstantSlider.h"
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -35,6 +37,7 @@ ConstantSlider::ConstantSlider(QWidget* parent) : QWidget(parent) {
   m_slider->setSingleStep(1);
   m_slider->setPageStep(10);
   connect(m_slider, &QSlider::valueChanged, this, &ConstantSlider::Moved);
+  m_slider->installEventFilter(this);
   m_max = Field(QStringLiteral("txtMax"), tr("The slider's highest value"));
   m_stepLabel = new QLabel(tr("step"), this);
   m_stepLabel->setObjectName(QStringLiteral("lblStep"));
@@ -53,6 +56,16 @@ ConstantSlider::ConstantSlider(QWidget* parent) : QWidget(parent) {
   connect(&m_sweep, &QTimer::timeout, this, &ConstantSlider::Tick);
   SetPlaying(false);
   ShowBounds(true);
+}
+
+// The wheel over a slider that has no focus scrolls the list, as over the rest of the row: a
+// constant must not change under a pointer that only passes by.
+bool ConstantSlider::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == m_slider && event->type() == QEvent::Wheel && !m_slider->hasFocus()) {
+    QCoreApplication::sendEvent(this, event);
+    return true;
+  }
+  return QWidget::eventFilter(watched, event);
 }
 
 QLineEdit* ConstantSlider::Field(const QString& name, const QString& tip) {

@@ -46,6 +46,9 @@ public:
   QLineEdit* txtMax() const { return m_max; }
   QLineEdit* txtStep() const { return m_step; }
 
+protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
 signals:
   // The value the slider was moved to, formatted as the row must show it.
   void ValueChosen(const QString& value);

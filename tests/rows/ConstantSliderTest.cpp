@@ -18,12 +18,14 @@
 #include "MainWindowFixture.h"
 #include "QtPrinters.h"
 
+#include <QApplication>
 #include <QFile>
 #include <QLineEdit>
 #include <QSlider>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QToolButton>
+#include <QWheelEvent>
 
 using rows::ConstantSlider;
 using rows::SliderBounds;
@@ -292,4 +294,24 @@ TEST(ConstantSlider, ARowThatStopsBeingAConstantStopsItsSweep) {
   ASSERT_TRUE(w.Slider(0).Playing());
   w.Rows().Row(0).mthFunction->SetText("y=x");
   EXPECT_FALSE(w.Slider(0).Playing());
+}
+
+TEST(ConstantSlider, TheWheelMovesItOnlyWithTheFocus) {
+  Window w;
+  w.Fill({"a=2"});
+  QSlider* slider = w.Slider(0).sliValue();
+  const auto wheel = [slider] {
+    QWheelEvent event(QPointF(5, 5), slider->mapToGlobal(QPointF(5, 5)), QPoint(), QPoint(0, 120), Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(slider, &event);
+  };
+  wheel();
+  EXPECT_EQ(w.Text(0), "a=2") << "a wheel passing over scrolls the list";
+  w->show();
+  QApplication::setActiveWindow(w.form.get());
+  slider->setFocus();
+  QCoreApplication::processEvents();
+  ASSERT_TRUE(slider->hasFocus());
+  wheel();
+  EXPECT_NE(w.Text(0), "a=2");
 }
