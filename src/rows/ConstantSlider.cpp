@@ -13,7 +13,8 @@ namespace rows {
 
 namespace {
 
-constexpr int kFieldChars = 6;  // room for "-100.5" without scrolling
+constexpr int kBoundChars = 5;  // room for "-10.5" without scrolling; longer numbers scroll
+constexpr int kStepChars = 4;   // "0.25"
 
 }  // namespace
 
@@ -30,7 +31,7 @@ ConstantSlider::ConstantSlider(QWidget* parent) : QWidget(parent) {
   m_play->setFocusPolicy(Qt::TabFocus);
   connect(m_play, &QToolButton::clicked, this, [this] { SetPlaying(!Playing()); });
 
-  m_min = Field(QStringLiteral("txtMin"), tr("The slider's lowest value"));
+  m_min = Field(QStringLiteral("txtMin"), tr("The slider's lowest value"), kBoundChars);
   m_slider = new QSlider(Qt::Horizontal, this);
   m_slider->setObjectName(QStringLiteral("sliValue"));
   m_slider->setFocusPolicy(Qt::StrongFocus);
@@ -38,10 +39,10 @@ ConstantSlider::ConstantSlider(QWidget* parent) : QWidget(parent) {
   m_slider->setPageStep(10);
   connect(m_slider, &QSlider::valueChanged, this, &ConstantSlider::Moved);
   m_slider->installEventFilter(this);
-  m_max = Field(QStringLiteral("txtMax"), tr("The slider's highest value"));
+  m_max = Field(QStringLiteral("txtMax"), tr("The slider's highest value"), kBoundChars);
   m_stepLabel = new QLabel(tr("step"), this);
   m_stepLabel->setObjectName(QStringLiteral("lblStep"));
-  m_step = Field(QStringLiteral("txtStep"), tr("How far one step of the slider goes"));
+  m_step = Field(QStringLiteral("txtStep"), tr("How far one step of the slider goes"), kStepChars);
   m_stepLabel->setBuddy(m_step);
 
   line->addWidget(m_play);
@@ -68,13 +69,13 @@ bool ConstantSlider::eventFilter(QObject* watched, QEvent* event) {
   return QWidget::eventFilter(watched, event);
 }
 
-QLineEdit* ConstantSlider::Field(const QString& name, const QString& tip) {
+QLineEdit* ConstantSlider::Field(const QString& name, const QString& tip, int chars) {
   auto* field = new QLineEdit(this);
   field->setObjectName(name);
   field->setToolTip(tip + tr(" (Enter to apply)"));
   field->setAccessibleName(tip);
   field->setAlignment(Qt::AlignRight);
-  field->setFixedWidth(field->fontMetrics().horizontalAdvance(QString(kFieldChars, u'8')) + 10);
+  field->setFixedWidth(field->fontMetrics().horizontalAdvance(QString(chars, u'8')) + 10);
   connect(field, &QLineEdit::editingFinished, this, &ConstantSlider::BoundsEdited);
   return field;
 }

@@ -56,7 +56,7 @@ signals:
   void BoundsChanged();
 
 private:
-  QLineEdit* Field(const QString& name, const QString& tip);
+  QLineEdit* Field(const QString& name, const QString& tip, int chars);
   void Moved(int position);
   void BoundsEdited();
   void ShowBounds(bool fields);
