@@ -55,7 +55,7 @@ ConstantSlider::ConstantSlider(QWidget* parent) : QWidget(parent) {
 
   m_sweep.setInterval(kSweepIntervalMs);
   connect(&m_sweep, &QTimer::timeout, this, &ConstantSlider::Tick);
-  SetPlaying(false);
+  ShowPlayButton();
   ShowBounds(true);
 }
 
@@ -104,9 +104,17 @@ void ConstantSlider::SetUserBounds(const std::optional<SliderBounds>& bounds) {
   ShowBounds(true);
 }
 
+// Every layout of the list stops the sweep of each row that is no constant: the button is set
+// only when the state changes, since its icons are read afresh each time.
 void ConstantSlider::SetPlaying(bool playing) {
-  if (playing && m_bounds.Positions() > 0) m_sweep.start();
+  const bool on = playing && m_bounds.Positions() > 0;
+  if (on == m_sweep.isActive()) return;
+  if (on) m_sweep.start();
   else m_sweep.stop();
+  ShowPlayButton();
+}
+
+void ConstantSlider::ShowPlayButton() {
   const bool on = m_sweep.isActive();
   m_play->setIcon(style()->standardIcon(on ? QStyle::SP_MediaPause : QStyle::SP_MediaPlay));
   m_play->setText(on ? tr("Pause") : tr("Play"));

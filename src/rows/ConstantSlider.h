@@ -60,6 +60,7 @@ private:
   void Moved(int position);
   void BoundsEdited();
   void ShowBounds(bool fields);
+  void ShowPlayButton();
 
   QToolButton* m_play;
   QLineEdit* m_min;
