@@ -2,7 +2,8 @@
 // quality 90, split into our part (two compilations a row, the passes, the points) and the
 // drawing; one keystroke in the insert dialog's linear style for a 60-character row; the main
 // window from its construction to its first painted frame; switching between the 2D and the 3D
-// page; a change of the surface's text, drawn by itself; a step of the quality slider; loading and saving a project of 109 rows with notes.
+// page; a change of the surface's text, drawn by itself; a step of the quality slider; loading and saving a project of 109 rows with notes;
+// a step of a constant's slider on that project, as redraws a second.
 #include "../tests/plotcompiler/ReplotSupport.h"
 
 #include "core/Tag.h"
@@ -13,6 +14,7 @@
 #include "interaction/StatusPanes.h"
 #include "mathx/MthX.h"
 #include "plot3d/Plot3DWidget.h"
+#include "rows/ConstantSlider.h"
 #include "rows/InputTabs.h"
 #include "rows/frmMain.h"
 
@@ -25,6 +27,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QPixmap>
+#include <QSlider>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -269,6 +272,28 @@ void BM_Project109_ChangeCheck(benchmark::State& state) {
   for (auto _ : state) benchmark::DoNotOptimize(p.form.RefreshProjectChanged());
 }
 BENCHMARK(BM_Project109_ChangeCheck)->Unit(benchmark::kMicrosecond)->UseRealTime();
+
+// One step of the slider under "a=2" on the shown window, end to end: the row's text written, the
+// 109 rows replotted and the picture drawn anew, then the change check and the paint that wait
+// for the events. The sweep runs at 30 steps a second, so a step must stay under 33 ms.
+void BM_Project109_ConstantSliderStep(benchmark::State& state) {
+  ProjectOnForm p;
+  p.form.show();
+  QCoreApplication::processEvents();
+  QSlider* slider = p.form.Functions().Row(0).sliConstant->sliValue();
+  QSignalSpy replotted(&p.form, &rows::frmMain::Replotted);
+  int direction = 1;
+  for (auto _ : state) {
+    if (slider->value() + direction > slider->maximum() || slider->value() + direction < 0) direction = -direction;
+    slider->setValue(slider->value() + direction);
+    QCoreApplication::processEvents();
+  }
+  if (replotted.count() < state.iterations()) state.SkipWithError("a step was not drawn");
+  state.counters["redraws_per_second"] =
+      benchmark::Counter(static_cast<double>(replotted.count()), benchmark::Counter::kIsRate);
+  benchmark::DoNotOptimize(p.form.Functions().Row(0).mthFunction->Text());
+}
+BENCHMARK(BM_Project109_ConstantSliderStep)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 }  // namespace
 

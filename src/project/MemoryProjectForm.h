@@ -19,6 +19,7 @@ public:
     QString Attributes = QStringLiteral("False,False,False,True,True,0");
     QString Note;
     bool NoteVisible = false;
+    QString Slider;
     bool operator==(const Row&) const = default;
   };
   // As many rows as the main form's list holds at the most.
@@ -45,6 +46,8 @@ public:
   void SetRowNoteVisible(int row, bool visible) override { At(row).NoteVisible = visible; }
   QString RowNote(int row) const override { return At(row).Note; }
   void SetRowNote(int row, const QString& stored) override { At(row).Note = stored; }
+  QString RowSlider(int row) const override { return At(row).Slider; }
+  void SetRowSlider(int row, const QString& bounds) override { At(row).Slider = bounds; }
 
   void RemoveFunction(int index) override;
   void AddFunction() override;

@@ -37,6 +37,10 @@ public:
   // The note as a file holds it: its lines, or rich text where it carries formatting.
   virtual QString RowNote(int row) const = 0;
   virtual void SetRowNote(int row, const QString& stored) = 0;
+  // A constant row's slider bounds as "min:max:step", empty where the user left the defaults. A
+  // form without sliders keeps none.
+  virtual QString RowSlider(int) const { return {}; }
+  virtual void SetRowSlider(int, const QString&) {}
 
   virtual void RemoveFunction(int index) = 0;  // without a replot
   virtual void AddFunction() = 0;              // a row with its note hidden

@@ -191,6 +191,7 @@ void ProjectReader::Read(const QStringList& lines) {
       const QString value = core::Mid(line, equals + 1);
       ApplyKey(key, value);
       if (core::Left(key, 10) == u"[Function]") FunctionRow(key, value);
+      if (core::Left(key, 8) == u"[Slider]") SliderBounds(key, value);
     } else if (core::Left(line, 6) == u"[Note]") {
       NoteBlock(lines, at);
     }
@@ -235,6 +236,13 @@ void ProjectReader::FunctionRow(const QString& key, const QString& value) {
     default: break;
   }
   m_form.SetRowEditorTag(index, QString());
+}
+
+// Bounds for a row that is not there are dropped rather than failing the file: they are an
+// extra of ours that only this program writes.
+void ProjectReader::SliderBounds(const QString& key, const QString& value) {
+  const int index = IndexOf(key);
+  if (index >= 0 && index <= m_form.HighestRow()) m_form.SetRowSlider(index, value);
 }
 
 // Every line up to "[EndNote]" belongs to the note, each behind a line break of its own.

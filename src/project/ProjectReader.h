@@ -44,6 +44,7 @@ private:
   void Read(const QStringList& lines);
   void ApplyKey(const QString& key, const QString& value);
   void FunctionRow(const QString& key, const QString& value);
+  void SliderBounds(const QString& key, const QString& value);
   void NoteBlock(const QStringList& lines, qsizetype& at);
   void Fail(const QString& description);
   void NotAProject(const QString& fileName);

@@ -84,6 +84,12 @@ void Rows(Text& t, const ProjectForm& f) {
     t.Line(f.RowNote(i));
     t.Line(QStringLiteral("[EndNote](%1)").arg(i));
   }
+  // Only bounds the user chose, so that a project without them is written as it always was; a
+  // reader that does not know the key skips it.
+  for (int i = 0; i <= f.HighestRow(); ++i) {
+    const QString bounds = f.RowSlider(i);
+    if (!bounds.isEmpty()) t.Line(QStringLiteral("[Slider](%1)=%2").arg(i).arg(bounds));
+  }
 }
 
 void Pages(Text& t, const ProjectForm& f) {

@@ -173,6 +173,9 @@ void FormProject::SetRowNote(int row, const QString& stored) {
   }
 }
 
+QString FormProject::RowSlider(int row) const { return m_form.Functions().SliderText(row); }
+void FormProject::SetRowSlider(int row, const QString& bounds) { m_form.Functions().SetSliderText(row, bounds); }
+
 void FormProject::RemoveFunction(int index) { m_form.Functions().RemoveFunction(index, false); }
 void FormProject::AddFunction() { m_form.Functions().AddFunction(false); }
 void FormProject::Replot() { m_form.Replot(true); }

@@ -36,6 +36,8 @@ public:
   void SetRowNoteVisible(int row, bool visible) override;
   QString RowNote(int row) const override;
   void SetRowNote(int row, const QString& stored) override;
+  QString RowSlider(int row) const override;
+  void SetRowSlider(int row, const QString& bounds) override;
 
   void RemoveFunction(int index) override;
   void AddFunction() override;

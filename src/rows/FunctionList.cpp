@@ -1,7 +1,9 @@
 #include "FunctionList.h"
 
 #include "ColorButton.h"
+#include "ConstantSlider.h"
 #include "RowBuilder.h"
+#include "RowKind.h"
 #include "RowMetrics.h"
 #include "RowStatusIcons.h"
 
@@ -104,6 +106,9 @@ void FunctionList::Connect(int index) {
     SetActiveRow(index);
     emit MoreRequested(index);
   });
+  connect(row.sliConstant, &ConstantSlider::ValueChosen, this,
+          [this, index](const QString& value) { SetConstantValue(index, value); });
+  connect(row.sliConstant, &ConstantSlider::BoundsChanged, this, [this] { emit Changed(); });
   row.rchfunNote->installEventFilter(this);
   row.rchfunNote->viewport()->installEventFilter(this);
   row.grpFunction->installEventFilter(this);
@@ -177,7 +182,9 @@ void FunctionList::EditorChanged(int index) {
   RowBuilder::FixEditorWidth(row);
   const double editorHeight = core::MaxValue(Tw(row.mthFunction->height()), kMinEditorHeight);
   row.mthFunction->resize(row.mthFunction->width(), Px(editorHeight));
-  row.Height = core::MaxValue(Tw(row.mthFunction->height()) + Tw(row.mthFunction->y()) + kRowMargin, kChangedRowHeight);
+  SyncSlider(row);
+  row.Height = core::MaxValue(Tw(row.mthFunction->height()) + Tw(row.mthFunction->y()) + kRowMargin, kChangedRowHeight) +
+               RowBuilder::SliderHeight(row);
   row.grpFunction->resize(row.grpFunction->width(), Px(row.Height));
   Refresh_mth_Height(false);
   RowBuilder::FixEditorWidth(row);
@@ -211,7 +218,7 @@ void FunctionList::AddFunction(bool ShowNote) {
 RowContents FunctionList::Contents(int index) const {
   const FunctionRow& row = Row(index);
   return {row.mthFunction->Text(), row.colrFunction->Color(), core::Tag(row.grpFunction), row.rchfunNote->toHtml(),
-          !row.rchfunNote->isHidden(), RowBuilder::Problem(row)};
+          !row.rchfunNote->isHidden(), RowBuilder::Problem(row), row.sliConstant->UserBounds()};
 }
 
 void FunctionList::SetContents(int index, const RowContents& contents) {
@@ -224,6 +231,40 @@ void FunctionList::SetContents(int index, const RowContents& contents) {
   row.rchfunNote->setHtml(contents.NoteHtml);
   row.rchfunNote->setVisible(contents.NoteVisible);
   RowBuilder::ShowProblem(row, contents.Problem);
+  // A sweep belongs to the row that was here; the new one shows its slider at the next layout.
+  row.sliConstant->SetPlaying(false);
+  row.sliConstant->SetUserBounds(contents.Slider);
+}
+
+void FunctionList::SyncSlider(FunctionRow& row) {
+  const auto constant = ConstantOfRow(m_state, row.mthFunction->Text(), !row.rchfunNote->isHidden());
+  if (!constant) {
+    row.sliConstant->SetPlaying(false);
+    row.sliConstant->hide();
+    return;
+  }
+  row.sliConstant->ShowValue(constant->Left.trimmed(), constant->Value);
+  row.sliConstant->show();
+}
+
+// The row's text with the new number, through the editor as the insert dialog writes it: the
+// change handler replots, marks the project and sets the slider from the text.
+void FunctionList::SetConstantValue(int index, const QString& value) {
+  FunctionRow& row = Row(index);
+  const auto constant = ConstantOfRow(m_state, row.mthFunction->Text(), !row.rchfunNote->isHidden());
+  if (constant) row.mthFunction->SetText(constant->Left + u'=' + value);
+}
+
+QString FunctionList::SliderText(int index) const {
+  const FunctionRow& row = Row(index);
+  const auto& bounds = row.sliConstant->UserBounds();
+  if (!bounds || !ConstantOfRow(m_state, row.mthFunction->Text(), !row.rchfunNote->isHidden())) return {};
+  return bounds->Text();
+}
+
+void FunctionList::SetSliderText(int index, const QString& text) {
+  if (index < 0 || index > HighestIndex()) return;
+  if (const auto bounds = SliderBounds::FromText(text)) Row(index).sliConstant->SetUserBounds(bounds);
 }
 
 void FunctionList::SetRowProblem(int row, const QString& why) {
@@ -271,6 +312,8 @@ void FunctionList::RemoveFunction(int Index, bool Replot) {
       row.rchfunNote->hide();
     }
     RowBuilder::ShowProblem(row, QString());
+    row.sliConstant->SetPlaying(false);
+    row.sliConstant->SetUserBounds(std::nullopt);
     Refresh_mth_Height(false);
     core::SetTag(row.mthFunction, QString());
     emit RowsRenumbered({-1});
@@ -343,8 +386,10 @@ void FunctionList::Refresh_mth_Height(bool ScrollToEnd) {
   }
   for (int i = 0; i <= HighestIndex(); ++i) {
     FunctionRow& row = Row(i);
+    SyncSlider(row);
     row.Height = static_cast<float>(
-        core::MaxValue(Tw(row.mthFunction->height()) + Tw(row.mthFunction->y()) + kRowMargin, kMinRowHeight));
+        core::MaxValue(Tw(row.mthFunction->height()) + Tw(row.mthFunction->y()) + kRowMargin, kMinRowHeight) +
+        RowBuilder::SliderHeight(row));
     core::SetTag(row.mthFunction, core::kQuiet);
     row.mthFunction->setVisible(row.rchfunNote->isHidden());
     RowBuilder::FixEditorWidth(row);

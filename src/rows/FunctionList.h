@@ -33,6 +33,11 @@ public:
   RowContents Contents(int index) const;
   void SetContents(int index, const RowContents& contents);
 
+  // A constant row's slider bounds as the project file keeps them ("-5:5:0.5"): empty unless the
+  // user chose them and the row is a constant. Text that makes no bounds is ignored.
+  QString SliderText(int index) const;
+  void SetSliderText(int index, const QString& text);
+
   void AddFunction(bool ShowNote);
   void RemoveFunction(int Index, bool Replot);
   void MoveFunctionTo(int Index, int Target);
@@ -96,6 +101,9 @@ private:
   void EditorChanged(int index);
   void PlaceList();
   void PlaceStatusIcon(FunctionRow& row, int index);
+  // The slider line shown under a constant row with its value, hidden under any other.
+  void SyncSlider(FunctionRow& row);
+  void SetConstantValue(int index, const QString& value);
   std::vector<RowContents> CopyRows() const;
   void Scroll(int position);
 

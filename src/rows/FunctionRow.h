@@ -1,8 +1,12 @@
 #pragma once
 
+#include "SliderBounds.h"
+
 #include <QFrame>
 #include <QTextEdit>
 #include <QToolButton>
+
+#include <optional>
 
 namespace mathx {
 class MthX;
@@ -11,6 +15,7 @@ class MthX;
 namespace rows {
 
 class ColorButton;
+class ConstantSlider;
 
 // The widgets of one function row, all bearing the row's index. A row is no object of its own:
 // what is known of it is read from these widgets each time it is needed. The group's top and
@@ -24,6 +29,7 @@ struct FunctionRow {
   QToolButton* imgInvisible = nullptr;  // the status icon, in the colour picker's place
   QToolButton* imgNote = nullptr;       // made and destroyed with the row, always hidden
   QToolButton* imgProblem = nullptr;    // the warning beside the editor: why the row draws nothing
+  ConstantSlider* sliConstant = nullptr;  // the slider line under a constant row, hidden on others
   QFrame* ActiveLine_UP = nullptr;      // the four lines of the active row's frame
   QFrame* ActiveLine_Down = nullptr;
   QFrame* ActiveLine_Left = nullptr;
@@ -33,7 +39,8 @@ struct FunctionRow {
 };
 
 // The four items of a row that travel when rows are moved or removed; and its warning, which
-// goes with its text until the next drawing says again what it is.
+// goes with its text until the next drawing says again what it is; and its slider's bounds, where
+// the user chose them.
 struct RowContents {
   QString Text;
   std::int32_t Color = 255;
@@ -41,6 +48,7 @@ struct RowContents {
   QString NoteHtml;
   bool NoteVisible = false;
   QString Problem;
+  std::optional<SliderBounds> Slider;
 };
 
 }  // namespace rows

@@ -1,6 +1,7 @@
 #include "RowBuilder.h"
 
 #include "ColorButton.h"
+#include "ConstantSlider.h"
 #include "RowMetrics.h"
 
 #include "core/Tag.h"
@@ -102,6 +103,9 @@ FunctionRow RowBuilder::Create(QWidget& picFunction, platform::ColorChooser& cho
   row.imgNote = icon("imgNote");
   row.imgProblem = ProblemMark(row.grpFunction);
 
+  row.sliConstant = new ConstantSlider(row.grpFunction);
+  row.sliConstant->hide();
+
   row.ActiveLine_UP = Line(row.grpFunction, "ActiveLine_UP");
   row.ActiveLine_Down = Line(row.grpFunction, "ActiveLine_Down");
   row.ActiveLine_Left = Line(row.grpFunction, "ActiveLine_Left");
@@ -116,7 +120,8 @@ void RowBuilder::Destroy(FunctionRow& row) {
                           static_cast<QWidget*>(row.ActiveLine_UP), static_cast<QWidget*>(row.ActiveLine_Down),
                           static_cast<QWidget*>(row.ActiveLine_Left), static_cast<QWidget*>(row.ActiveLine_Right),
                           static_cast<QWidget*>(row.imgInvisible), static_cast<QWidget*>(row.imgNote),
-                          static_cast<QWidget*>(row.imgProblem), static_cast<QWidget*>(row.grpFunction)}) {
+                          static_cast<QWidget*>(row.imgProblem), static_cast<QWidget*>(row.sliConstant),
+                          static_cast<QWidget*>(row.grpFunction)}) {
     if (widget == nullptr) continue;
     // A handler of the row itself may be running (its menu removes it): go when it has returned.
     widget->hide();
@@ -145,7 +150,12 @@ void RowBuilder::PlaceFrame(FunctionRow& row) {
   row.btnMore->setGeometry(right + Px(kMoreGap), editor.top() + (Px(kMinEditorHeight) - more) / 2, more, more);
   const int mark = Px(kProblemSize);
   row.imgProblem->setGeometry(row.btnMore->x() + (more - mark) / 2, row.btnMore->geometry().bottom() + 1, mark, mark);
+  // Under the frame, from the editor's left to the button's right.
+  row.sliConstant->setGeometry(editor.left(), bottom + line + Px(kSliderGap), row.btnMore->geometry().right() - editor.left(),
+                               Px(kSliderHeight) - Px(kSliderGap));
 }
+
+double RowBuilder::SliderHeight(const FunctionRow& row) { return row.sliConstant->isHidden() ? 0 : kSliderHeight; }
 
 void RowBuilder::ShowProblem(FunctionRow& row, const QString& why) {
   row.imgProblem->setToolTip(why);

@@ -15,10 +15,13 @@ public:
   // The editor's tag is "NOT" when it comes back.
   static FunctionRow Create(QWidget& picFunction, platform::ColorChooser& chooser, int index, bool showNote);
   // Destroys the widgets in the order mthFunction, colrFunction, btnMore, rchfunNote, the four
-  // frame lines, imgInvisible, imgNote, grpFunction.
+  // frame lines, imgInvisible, imgNote, imgProblem, sliConstant, grpFunction.
   static void Destroy(FunctionRow& row);
-  // The frame lines and the button beside the editor, after the editor's height changed.
+  // The frame lines, the button beside the editor and the slider line under it, after the
+  // editor's height changed.
   static void PlaceFrame(FunctionRow& row);
+  // What the slider line adds to the row's height (twips): nothing where it is hidden.
+  static double SliderHeight(const FunctionRow& row);
   // The editor's width, which the editor widens on its own.
   static void FixEditorWidth(FunctionRow& row);
   // The warning mark with why the row draws nothing in its tool tip; hidden when why is empty.

@@ -22,6 +22,8 @@ constexpr double kMoreSize = 375;
 constexpr double kMoreGap = 90;
 constexpr double kFrameOutset = 60;  // the frame's side lines, outside the editor
 constexpr double kFrameLine = 30;    // its lines' thickness
+constexpr double kSliderGap = 60;    // between the editor's frame and a constant's slider line
+constexpr double kSliderHeight = 390;  // the slider line, added to a constant row's height
 
 constexpr const char* kDefaultAttributes = "False,False,False,True,True,0";
 constexpr const char* kDefaultNote = "Your note here.";

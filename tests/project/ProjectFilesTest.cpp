@@ -2,6 +2,7 @@
 #include "FakeProjectForm.h"
 
 #include "core/Version.h"
+#include "project/MemoryProjectForm.h"
 #include "project/ProjectFile.h"
 #include "project/ProjectReader.h"
 #include "project/ProjectWriter.h"
@@ -432,4 +433,35 @@ TEST(ProjectReader, GarbageNeverCrashesOrHangs) {
   g.Load(rows.mid(0, 109));
   EXPECT_EQ(g.form.HighestRow(), 108);
   EXPECT_TRUE(g.boxes.boxes.empty());
+}
+
+// A constant's slider bounds are ours alone: written after the rows only where the user chose
+// them, read back onto their row, and a line for a row that is not there is no failure.
+TEST(ProjectWriter, SliderBoundsOnlyWhereChosenAfterTheRows) {
+  project::MemoryProjectForm form;
+  form.AddFunction();
+  form.AddFunction();
+  form.SetRowText(0, "y=a*x");
+  form.SetRowText(1, "a=2");
+  form.SetRowText(2, "b=3");
+  const QString plain = ProjectWriter::Compose(form);
+  EXPECT_FALSE(plain.contains("[Slider]"));
+  form.SetRowSlider(2, "-5:5:0.5");
+  const QString chosen = ProjectWriter::Compose(form);
+  EXPECT_TRUE(chosen.contains("[EndNote](2)\r\n[Slider](2)=-5:5:0.5\r\n\r\n[Tabs][Inequality]\r\n"));
+  EXPECT_EQ(QString(chosen).remove("[Slider](2)=-5:5:0.5\r\n"), plain);
+}
+
+TEST(ProjectReader, SliderBoundsComeBackOntoTheirRow) {
+  project::MemoryProjectForm form;
+  core::SharedState state;
+  RecordingBoxes boxes;
+  const QStringList lines = {"[Function](0)=[255:y=a*x:False,False,False,True,True,0:False]",
+                             "[Function](1)=[255:a=2:False,False,False,True,True,0:False]",
+                             "[Slider](1)=-5:5:0.5", "[Slider](7)=0:1:0.1", "[Slider](-1)=0:1:0.1"};
+  ASSERT_TRUE(ProjectReader(form, state, boxes).LoadBytes(ProjectFile::Encode(lines.join("\r\n") + "\r\n")));
+  EXPECT_TRUE(boxes.boxes.empty());
+  EXPECT_EQ(form.HighestRow(), 1);
+  EXPECT_EQ(form.RowSlider(0), "");
+  EXPECT_EQ(form.RowSlider(1), "-5:5:0.5");
 }
