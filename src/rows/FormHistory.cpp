@@ -61,6 +61,11 @@ void FormHistory::PutRow(int row, const history::ProjectText::Row& wanted) {
   m_form.SetRowEditorVisible(row, !note);
   m_form.SetRowEditorTag(row, QString());
   m_form.SetRowNote(row, wanted.Note.join(QStringLiteral("\r\n")));
+  QString slider;
+  for (const auto& [name, value] : wanted.Extra) {
+    if (name == u"Slider") slider = value;
+  }
+  m_form.SetRowSlider(row, slider);
 }
 
 void FormHistory::ApplyWhole(const QString& text) {
@@ -72,12 +77,7 @@ void FormHistory::ApplyWhole(const QString& text) {
   while (m_form.HighestRow() >= rows) m_form.RemoveFunction(m_form.HighestRow());
   while (m_form.HighestRow() < rows - 1) m_form.AddFunction();
   for (int row = 0; row < static_cast<int>(wanted.Rows.size()); ++row) PutRow(row, wanted.Rows[static_cast<std::size_t>(row)]);
-  Keys keys = ChangedKeys(now.Keys, wanted.Keys);
-  for (int row = 0; row < static_cast<int>(wanted.Rows.size()); ++row) {
-    for (const auto& [name, value] : wanted.Rows[static_cast<std::size_t>(row)].Extra)
-      keys.emplace_back(QStringLiteral("[%1](%2)").arg(name).arg(row), value);
-  }
-  project::ProjectReader(m_form, m_state, m_boxes).ApplyKeys(keys);
+  project::ProjectReader(m_form, m_state, m_boxes).ApplyKeys(ChangedKeys(now.Keys, wanted.Keys));
   m_form.EndLoad();
   m_form.Replot();
   m_form.Refresh_mth_Height();
@@ -88,10 +88,7 @@ void FormHistory::ApplyWhole(const QString& text) {
 bool FormHistory::ApplyRow(int row, const QString& text) {
   const history::ProjectText parsed = history::ProjectText::Parse(text);
   if (row < 0 || static_cast<std::size_t>(row) >= parsed.Rows.size() || row > m_rows.HighestIndex()) return false;
-  const history::ProjectText::Row& wanted = parsed.Rows[static_cast<std::size_t>(row)];
-  // Keys of a row beside its line and its note are put back with the whole text.
-  if (!wanted.Extra.empty()) return false;
-  PutRow(row, wanted);
+  PutRow(row, parsed.Rows[static_cast<std::size_t>(row)]);
   m_form.Replot();
   m_form.Refresh_mth_Height();
   m_rows.SetActiveRow(row);

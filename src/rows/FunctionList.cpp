@@ -264,7 +264,8 @@ QString FunctionList::SliderText(int index) const {
 
 void FunctionList::SetSliderText(int index, const QString& text) {
   if (index < 0 || index > HighestIndex()) return;
-  if (const auto bounds = SliderBounds::FromText(text)) Row(index).sliConstant->SetUserBounds(bounds);
+  // Text that holds no bounds leaves the defaults, as a row that never had any.
+  Row(index).sliConstant->SetUserBounds(SliderBounds::FromText(text));
 }
 
 void FunctionList::SetRowProblem(int row, const QString& why) {

@@ -8,6 +8,7 @@
 #include "ribbon/RibbonBar.h"
 #include "ribbon/RibbonButton.h"
 #include "rows/ColorButton.h"
+#include "rows/ConstantSlider.h"
 #include "rows/FunctionList.h"
 #include "rows/InputTabs.h"
 #include "rows/ParametricPage.h"
@@ -23,6 +24,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSlider>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextEdit>
@@ -77,6 +79,22 @@ const ChangeCase kChanges[] = {
     {"the parametric range", "change the parametric curve",
      [](Window& w) { QTest::keyClicks(w->Tabs().Parametric().txtThetaMax(), "0"); }},
     {"the surface", "change the 3D surface", [](Window& w) { w->Tabs().Surface().Editor(1)->SetText("x*y"); }},
+    {"a slider moved", "edit row 3",
+     [](Window& w) {
+       QSlider* slider = w.Rows().Row(2).sliConstant->sliValue();
+       for (int step = 1; step <= 5; ++step) {
+         slider->setValue(slider->value() + 1);
+         QApplication::processEvents();
+       }
+     },
+     [](Window& w) { w.Rows().Row(2).mthFunction->SetText("a=2"); }},
+    {"a slider's bounds", "change the slider of row 3",
+     [](Window& w) {
+       rows::ConstantSlider& slider = *w.Rows().Row(2).sliConstant;
+       slider.txtMax()->setText("4");
+       QTest::keyClick(slider.txtMax(), Qt::Key_Return);
+     },
+     [](Window& w) { w.Rows().Row(2).mthFunction->SetText("a=2"); }},
     {"the area bounds", "change the area's bounds", [](Window& w) { QTest::keyClicks(w->mnu_Integral_max(), "7"); }},
 };
 
@@ -98,6 +116,7 @@ TEST(Undo, EveryKindOfChangeUndoneAndRedoneGivesTheWrittenBytesBack) {
     w.Settle();
     const QString after = w.Text();
     ASSERT_NE(before, after);
+    EXPECT_EQ(w.History().Count(), steps + 1) << "one action, one step";
     EXPECT_EQ(w.History().UndoName(), c.step);
     EXPECT_EQ(w.UndoTip().contains(QStringLiteral("Undo: ") + c.step), true) << w.UndoTip().toStdString();
     ASSERT_TRUE(w.History().Count() >= steps + 1);
