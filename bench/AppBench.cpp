@@ -16,6 +16,7 @@
 #include "plot3d/Plot3DWidget.h"
 #include "rows/ConstantSlider.h"
 #include "rows/InputTabs.h"
+#include "rows/UndoCommands.h"
 #include "rows/frmMain.h"
 
 #include "../tests/support/FakeDesktop.h"
@@ -30,6 +31,8 @@
 #include <QSlider>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+
+#include <functional>
 #include <QTest>
 
 #include <cstdio>
@@ -295,13 +298,41 @@ void BM_Project109_ConstantSliderStep(benchmark::State& state) {
 }
 BENCHMARK(BM_Project109_ConstantSliderStep)->Unit(benchmark::kMillisecond)->UseRealTime();
 
+// Undo and redo of one step on the 109 rows: a row removed (the whole project put back) and a row
+// edited (that row put back in place). Each iteration is an undo and a redo, each with its replot.
+void UndoRedo(benchmark::State& state, const std::function<void(rows::frmMain&)>& change) {
+  ProjectOnForm p;
+  QCoreApplication::processEvents();
+  p.form.Undo().Seal();
+  change(p.form);
+  QCoreApplication::processEvents();
+  if (!p.form.Undo().History().CanUndo()) state.SkipWithError("the change was no step");
+  for (auto _ : state) {
+    p.form.Undo().Undo();
+    p.form.Undo().Redo();
+  }
+}
+
+void BM_Project109_UndoRedo_RemoveRow(benchmark::State& state) {
+  UndoRedo(state, [](rows::frmMain& form) { form.Functions().RemoveFunction(5, true); });
+}
+BENCHMARK(BM_Project109_UndoRedo_RemoveRow)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void BM_Project109_UndoRedo_EditRow(benchmark::State& state) {
+  UndoRedo(state, [](rows::frmMain& form) { form.Functions().Row(3).mthFunction->SetText(QStringLiteral("y=3x")); });
+}
+BENCHMARK(BM_Project109_UndoRedo_EditRow)->Unit(benchmark::kMillisecond)->UseRealTime();
+
 }  // namespace
 
 int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(argc, argv);
   benchmark::Initialize(&argc, argv);
-  RatioReporter reporter(std::vector<RatioReporter::Pair>{{"BM_Replot109_Ours/real_time", "BM_Replot109_Drawing/real_time"}});
+  RatioReporter reporter(std::vector<RatioReporter::Pair>{
+      {"BM_Replot109_Ours/real_time", "BM_Replot109_Drawing/real_time"},
+      {"BM_Project109_UndoRedo_RemoveRow/real_time", "BM_Project109_Load/real_time"},
+      {"BM_Project109_UndoRedo_EditRow/real_time", "BM_Project109_Load/real_time"}});
   benchmark::RunSpecifiedBenchmarks(&reporter);
   benchmark::Shutdown();
   return 0;
