@@ -169,4 +169,6 @@ void ConstantSlider::ShowBounds(bool fields) {
   for (QLineEdit* field : {m_min, m_max, m_step}) field->setCursorPosition(0);
 }
 
+std::vector<QWidget*> ConstantSlider::TabOrder() const { return {m_play, m_min, m_slider, m_max, m_step}; }
+
 }  // namespace rows

@@ -6,6 +6,7 @@
 #include <QWidget>
 
 #include <optional>
+#include <vector>
 
 class QLabel;
 class QLineEdit;
@@ -39,6 +40,9 @@ public:
   void SetPlaying(bool playing);
   // One step of the sweep, turning round at either end; the timer calls it while playing.
   void Tick();
+
+  // The controls in the order Tab visits them.
+  std::vector<QWidget*> TabOrder() const;
 
   QToolButton* btnPlay() const { return m_play; }
   QSlider* sliValue() const { return m_slider; }

@@ -17,6 +17,7 @@
 
 #include <QBuffer>
 #include <QEvent>
+#include <QFocusEvent>
 #include <QHBoxLayout>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -35,6 +36,8 @@ using core::Tw;
 using namespace metrics;
 
 namespace {
+
+constexpr double kRowGapForView = 60;  // twips left above or below a row scrolled into view
 
 constexpr int kBottomBarHeight = 44;  // pixels: the buttons under the list
 
@@ -125,7 +128,10 @@ bool FunctionList::eventFilter(QObject* watched, QEvent* event) {
   const int i = index.toInt();
   switch (event->type()) {
     case QEvent::FocusIn:
-      if (watched != Row(i).mthFunction) SetActiveRow(i);
+      if (watched != Row(i).mthFunction || static_cast<QFocusEvent*>(event)->reason() != Qt::MouseFocusReason) {
+        SetActiveRow(i);
+        ShowRow(i);
+      }
       break;
     case QEvent::MouseButtonPress:
       if (watched == Row(i).grpFunction) SetActiveRow(i);
@@ -149,15 +155,9 @@ bool FunctionList::eventFilter(QObject* watched, QEvent* event) {
       // The note's menu comes with the button's release, not the text box's own menu.
       if (watched == Row(i).rchfunNote || watched == Row(i).rchfunNote->viewport()) return true;
       break;
-    case QEvent::KeyPress: {
-      // The keyboard's way into the insert dialog from a row's editor.
-      const int key = static_cast<QKeyEvent*>(event)->key();
-      if (watched == Row(i).mthFunction && (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_F2)) {
-        EditorClicked(i);
-        return true;
-      }
+    case QEvent::KeyPress:
+      if (watched == Row(i).mthFunction && RowKey(i, *static_cast<QKeyEvent*>(event))) return true;
       break;
-    }
     default: break;
   }
   return QWidget::eventFilter(watched, event);
@@ -410,6 +410,8 @@ void FunctionList::Refresh_mth_Height(bool ScrollToEnd) {
   // Shown or hidden before the rows are placed, so that they take the width it leaves them.
   m_scrlFunctions->setVisible(m_picHeight > m_listHeight);
   PlaceList();
+  // Rows keep their widgets when their contents move: the chain changes only with their number.
+  if (std::exchange(m_chainedRows, HighestIndex() + 1) != HighestIndex() + 1) ChainTabOrder();
   m_scrlFunctions->setMaximum(std::max(0, static_cast<int>(m_picHeight - m_listHeight + kScrollMargin)));
   m_scrlFunctions->setSingleStep(static_cast<int>(Row(0).Height));
   m_scrlFunctions->setPageStep(static_cast<int>(5 * Row(0).Height));
@@ -464,6 +466,76 @@ void FunctionList::PlaceList() {
   m_picFunction->resize(width, Px(m_picHeight));
   for (FunctionRow& row : m_rows) row.grpFunction->setGeometry(0, Px(row.Top), width, Px(row.Height));
   m_scrlFunctions->setGeometry(m_grpFunctions->width() - scrollWidth, 0, scrollWidth, Px(m_listHeight));
+}
+
+// The keyboard's ways through the list from a row's editor, so that no row needs the mouse: Enter
+// or F2 opens the insert dialog, Up and Down go to the row above or below, with Ctrl they move the
+// row there, Delete removes it (a step that Undo takes back), the Menu key or Shift+F10 opens its
+// menu.
+bool FunctionList::RowKey(int i, const QKeyEvent& key) {
+  const bool ctrl = key.modifiers() & Qt::ControlModifier;
+  switch (key.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_F2: EditorClicked(i); return true;
+    case Qt::Key_Up:
+    case Qt::Key_Down: {
+      const int to = i + (key.key() == Qt::Key_Up ? -1 : 1);
+      if (to < 0 || to > HighestIndex()) return true;
+      if (ctrl) MoveFunctionTo(i, to);
+      FocusRow(to);
+      return true;
+    }
+    case Qt::Key_Delete:
+      RemoveFunction(i, true);
+      FocusRow(std::min(i, HighestIndex()));
+      return true;
+    case Qt::Key_F10:
+      if (!(key.modifiers() & Qt::ShiftModifier)) return false;
+      [[fallthrough]];
+    case Qt::Key_Menu:
+      SetActiveRow(i);
+      emit MoreRequested(i);
+      return true;
+    default: return false;
+  }
+}
+
+// Tab goes through the rows from the top, each row's colour, editor, menu button and slider in
+// turn, and then to the buttons under the list; rows made later would otherwise come last in the
+// window's chain, after everything else.
+void FunctionList::ChainTabOrder() {
+  QWidget* previous = nullptr;
+  const auto next = [&previous](QWidget* widget) {
+    if (previous != nullptr) QWidget::setTabOrder(previous, widget);
+    previous = widget;
+  };
+  for (const FunctionRow& row : m_rows) {
+    for (QWidget* widget : {static_cast<QWidget*>(row.colrFunction), static_cast<QWidget*>(row.mthFunction),
+                            static_cast<QWidget*>(row.imgProblem), static_cast<QWidget*>(row.btnMore)})
+      next(widget);
+    for (QWidget* widget : row.sliConstant->TabOrder()) next(widget);
+  }
+  next(m_cmdAddFunction);
+  next(m_cmdClearAllFunction);
+}
+
+void FunctionList::FocusRow(int row) {
+  SetActiveRow(row);
+  Row(row).mthFunction->setFocus(Qt::OtherFocusReason);
+  ShowRow(row);
+}
+
+// Scrolls the list as little as it takes for the row to be seen whole.
+void FunctionList::ShowRow(int row) {
+  if (!m_scrlFunctions->isVisible() || row < 0 || row > HighestIndex()) return;
+  const FunctionRow& shown = Row(row);
+  const double top = m_scrlFunctions->value() - kListTop;  // the list's top, in the picture's twips
+  const double visible = m_listHeight - kListTop;
+  double wanted = m_scrlFunctions->value();
+  if (shown.Top < top) wanted = shown.Top + kListTop - kRowGapForView;
+  else if (shown.Top + shown.Height > top + visible) wanted = shown.Top + shown.Height - visible + kListTop + kRowGapForView;
+  m_scrlFunctions->setValue(static_cast<int>(wanted));
 }
 
 void FunctionList::Scroll(int position) { m_picFunction->move(0, Px(kListTop - position)); }

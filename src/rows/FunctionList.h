@@ -12,6 +12,8 @@
 
 #include <vector>
 
+class QKeyEvent;
+
 namespace rows {
 
 // The function list, the first page of the input tabs: the rows stacked in picFunction, which
@@ -106,6 +108,10 @@ private:
   void SetConstantValue(int index, const QString& value);
   std::vector<RowContents> CopyRows() const;
   void Scroll(int position);
+  bool RowKey(int index, const QKeyEvent& key);
+  void FocusRow(int index);
+  void ChainTabOrder();
+  void ShowRow(int index);
 
   core::SharedState& m_state;
   platform::MessageBoxes& m_boxes;
@@ -121,6 +127,7 @@ private:
   double m_picHeight = 0;  // twips
   double m_listHeight = 0;  // twips: grpFunctions' height
   int m_bulk = 0;
+  int m_chainedRows = 0;  // the rows the Tab order was chained for
   bool m_bulkScrollToEnd = false;
 };
 

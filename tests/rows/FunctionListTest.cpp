@@ -4,6 +4,7 @@
 #include "core/Twips.h"
 #include "mathx/MthX.h"
 #include "rows/ColorButton.h"
+#include "rows/ConstantSlider.h"
 #include "rows/FunctionList.h"
 #include "rows/RowKind.h"
 #include "rows/RowStatusIcons.h"
@@ -14,7 +15,11 @@
 #include "QtPrinters.h"
 #include "StateSupport.h"
 
+#include <QPushButton>
 #include <QSignalSpy>
+#include <QSlider>
+#include <QToolButton>
+#include <QLineEdit>
 #include <QTest>
 
 using rows::FunctionList;
@@ -361,4 +366,81 @@ TEST(FunctionList, StatusIconsTellHiddenCommandAndNoteRows) {
   EXPECT_EQ(r(4).imgInvisible->toolTip(), "A note");
   // The note lies exactly over the editor.
   EXPECT_EQ(r(4).rchfunNote->geometry(), r(4).mthFunction->geometry());
+}
+
+// Every row within reach of the keyboard, from the editor that has the focus.
+TEST(FunctionList, TheKeysMoveThroughTheRowsAndActOnThem) {
+  ListFixture f;
+  f.Fill(3);
+  for (int i = 0; i < 3; ++i) f.SetText(i, QStringLiteral("y=%1x").arg(i + 1));
+  QSignalSpy menus(&f.list, &FunctionList::MoreRequested);
+  QSignalSpy inserts(&f.list, &FunctionList::InsertRequested);
+  const auto key = [&f](int row, Qt::Key k, Qt::KeyboardModifiers m = Qt::NoModifier) {
+    QTest::keyClick(f.list.Row(row).mthFunction, k, m);
+  };
+
+  f.list.Row(0).mthFunction->setFocus();
+  key(0, Qt::Key_Up);
+  EXPECT_EQ(f.list.ActiveRow(), 0) << "nothing above the first row";
+  key(0, Qt::Key_Down);
+  EXPECT_EQ(f.list.ActiveRow(), 1);
+  EXPECT_EQ(f.list.focusWidget(), f.list.Row(1).mthFunction);
+
+  key(1, Qt::Key_Down, Qt::ControlModifier);
+  EXPECT_EQ(f.Text(1), "y=3x");
+  EXPECT_EQ(f.Text(2), "y=2x") << "the row went down with the key";
+  EXPECT_EQ(f.list.ActiveRow(), 2);
+  EXPECT_EQ(f.list.focusWidget(), f.list.Row(2).mthFunction);
+
+  key(2, Qt::Key_Delete);
+  EXPECT_EQ(f.list.HighestIndex(), 1);
+  EXPECT_EQ(f.Text(1), "y=3x");
+  EXPECT_EQ(f.list.focusWidget(), f.list.Row(1).mthFunction) << "the focus stays in the list";
+
+  key(1, Qt::Key_F10, Qt::ShiftModifier);
+  key(0, Qt::Key_Menu);
+  ASSERT_EQ(menus.count(), 2);
+  EXPECT_EQ(menus[0][0].toInt(), 1);
+  EXPECT_EQ(menus[1][0].toInt(), 0);
+  key(0, Qt::Key_F2);
+  ASSERT_EQ(inserts.count(), 1);
+  EXPECT_EQ(inserts[0][0].toInt(), 0);
+}
+
+TEST(FunctionList, ARowReachedByTheKeysIsScrolledIntoView) {
+  ListFixture f;
+  f.Fill(30);
+  f.list.Row(0).mthFunction->setFocus();
+  for (int i = 0; i < 29; ++i) QTest::keyClick(f.list.Row(i).mthFunction, Qt::Key_Down);
+  const QWidget* last = f.list.Row(29).grpFunction;
+  const QRect shown(last->mapTo(f.list.grpFunctions(), QPoint(0, 0)), last->size());
+  EXPECT_TRUE(f.list.grpFunctions()->rect().contains(shown)) << shown.top() << " " << shown.bottom();
+  for (int i = 29; i > 0; --i) QTest::keyClick(f.list.Row(i).mthFunction, Qt::Key_Up);
+  const QWidget* first = f.list.Row(0).grpFunction;
+  EXPECT_TRUE(f.list.grpFunctions()->rect().contains(QRect(first->mapTo(f.list.grpFunctions(), QPoint(0, 0)), first->size())));
+}
+
+// Tab reaches every row in order, each row's controls before the next row's, and then the buttons
+// under the list; rows added later are not left to the end of the window.
+TEST(FunctionList, TabVisitsTheRowsInOrder) {
+  ListFixture f;
+  f.Fill(3);
+  f.SetText(1, "a=2");
+  f.list.Refresh_mth_Height(false);
+  f.list.AddFunction(false);
+  std::vector<QWidget*> visited;
+  QWidget* at = f.list.Row(0).colrFunction;
+  for (int step = 0; step < 100 && at != f.list.cmdClearAllFunction(); ++step) {
+    if ((at->focusPolicy() & Qt::TabFocus) && at->isVisibleTo(&f.list) && at->isEnabled()) visited.push_back(at);
+    at = at->nextInFocusChain();
+  }
+  const std::vector<QWidget*> wanted = {
+      f.list.Row(0).colrFunction, f.list.Row(0).mthFunction, f.list.Row(0).btnMore,
+      f.list.Row(1).colrFunction, f.list.Row(1).mthFunction, f.list.Row(1).btnMore,
+      f.list.Row(1).sliConstant->btnPlay(), f.list.Row(1).sliConstant->txtMin(), f.list.Row(1).sliConstant->sliValue(),
+      f.list.Row(1).sliConstant->txtMax(), f.list.Row(1).sliConstant->txtStep(),
+      f.list.Row(2).colrFunction, f.list.Row(2).mthFunction, f.list.Row(2).btnMore,
+      f.list.Row(3).colrFunction, f.list.Row(3).mthFunction, f.list.Row(3).btnMore,
+      f.list.cmdAddFunction()};
+  EXPECT_EQ(visited, wanted);
 }

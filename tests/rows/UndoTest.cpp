@@ -262,3 +262,20 @@ TEST(Undo, TwoHundredRandomStepsComeBackByteForByte) {
     ASSERT_EQ(w.Text(), seen[i]) << "redoing to step " << i;
   }
 }
+
+TEST(Undo, ARowRemovedWithTheDeleteKeyComesBack) {
+  Window w;
+  w->show();
+  w->activateWindow();
+  w.Fill({"y=x", "y=2x", "y=3x"});
+  w.Settle();
+  const QString before = w.Text();
+  w.Rows().Row(1).mthFunction->setFocus();
+  QTest::keyClick(w.Rows().Row(1).mthFunction, Qt::Key_Delete);
+  QApplication::processEvents();
+  ASSERT_EQ(w.Rows().HighestIndex(), 1);
+  EXPECT_EQ(w.History().UndoName(), "remove row 2");
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Z, Qt::ControlModifier);
+  QApplication::processEvents();
+  EXPECT_EQ(w.Text(), before);
+}
