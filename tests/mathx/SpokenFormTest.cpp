@@ -30,6 +30,9 @@ const Case kCases[] = {
     {"y=2*x", "y equals 2 times x"},
     {"y=x mod 3", "y equals x mod 3"},
     {"y=x!", "y equals x factorial"},
+    {"y=7\\2", "y equals 7 integer divided by 2"},
+    {"y=+x", "y equals plus x"},
+    {"y=", "y equals blank"},
     // Constants and Greek letters.
     {"pi", "pi"},
     {"y=e", "y equals e"},
@@ -69,6 +72,8 @@ const Case kCases[] = {
     {"y=sqrt(x)+1", "y equals the square root of x end root plus 1"},
     {"y=xroot(x,3)", "y equals the cube root of x"},
     {"y=xroot(x+1,5)", "y equals the 5th root of x plus 1"},
+    {"y=xroot(x,n)", "y equals the root of index n of x"},
+    {"y=xroot(x,2)", "y equals the 2nd root of x"},
     {"y=abs(x)", "y equals the absolute value of x"},
     {"y=abs(x-2)-3", "y equals the absolute value of x minus 2 end absolute value minus 3"},
     {"y=sqrt(abs(x))", "y equals the square root of the absolute value of x"},
@@ -77,6 +82,8 @@ const Case kCases[] = {
     {"y=(x+1)/(x-1)", "y equals the fraction x plus 1 over x minus 1"},
     {"y=(x+1)/(x-1)+2", "y equals the fraction x plus 1 over x minus 1 end fraction plus 2"},
     {"y=x^2/2", "y equals the fraction x squared over 2"},
+    {"y=sqrt(x^2+1)/(1+abs(x))",
+     "y equals the fraction the square root of x squared plus 1 end root over 1 plus the absolute value of x"},
     {"y=x/2/3", "y equals x over 2 divided by 3"},
     {"y=2x+1/x-1", "y equals 2 x plus 1 over x minus 1"},
     // Conditions.
