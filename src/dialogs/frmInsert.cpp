@@ -68,6 +68,7 @@ frmInsert::frmInsert(core::SharedState& state, platform::MessageBoxes& boxes, In
   m_lblStandard = new QLabel(tr("Standard Equation Style:"), m_grpAllControls);
   m_mthStandard = new mathx::MthX(m_grpAllControls);
   m_mthStandard->setObjectName(QStringLiteral("mthStandard"));
+  m_mthStandard->setAccessibleName(tr("Standard Equation Style"));
   m_mthStandard->SetFontSize(20);
   m_mthStandard->SetFramed(true);
   m_grpControls = new QWidget(m_grpAllControls);

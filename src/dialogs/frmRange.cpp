@@ -53,6 +53,8 @@ frmRange::frmRange(const QString& mode, plot2d::Plot& plot, std::function<void()
       field->setObjectName(QString::fromLatin1(kFields[row * 2 + side]));
       field->setAlignment(Qt::AlignCenter);
       field->setToolTip(tr("A number or an expression: 2*pi, -3/2 ..."));
+      const char* axes[] = {"x", "y", "z"};
+      field->setAccessibleName((side == 0 ? tr("Lowest %1") : tr("Highest %1")).arg(QLatin1String(axes[row])));
       connect(field, &QLineEdit::textEdited, this, [this, field] { MarkField(*field); });
       grid->addWidget(field, row, side * 2);
     }

@@ -53,6 +53,7 @@ QToolButton* PlotButtons::Floating(QWidget& parent, const char* name, const char
   button->setIconSize(QSize(18, 18));
   button->setFixedSize(30, 30);
   button->setToolTip(tip);
+  button->setAccessibleName(tip);
   button->setFocusPolicy(Qt::TabFocus);
   button->raise();
   return button;

@@ -14,6 +14,7 @@
 #include "core/TextFunctions.h"
 #include "core/Twips.h"
 #include "mathx/MthX.h"
+#include "mathx/SpokenForm.h"
 
 #include <QBuffer>
 #include <QEvent>
@@ -102,7 +103,10 @@ void FunctionList::Connect(int index) {
   FunctionRow& row = Row(index);
   connect(row.mthFunction, &mathx::MthX::Clicked, this, [this, index] { EditorClicked(index); });
   connect(row.mthFunction, &mathx::MthX::Change, this, [this, index] { EditorChanged(index); });
-  connect(row.colrFunction, &ColorButton::ColorChanged, this, [this] { emit Changed(); });
+  connect(row.colrFunction, &ColorButton::ColorChanged, this, [this, index] {
+    SpeakRow(index);  // the row's colour is in what a screen reader says of it
+    emit Changed();
+  });
   connect(row.colrFunction, &ColorButton::FocusIn, this, [this, index] { SetActiveRow(index); });
   connect(row.rchfunNote, &QTextEdit::textChanged, this, [this] { emit Changed(); });
   connect(row.btnMore, &QToolButton::clicked, this, [this, index] {
@@ -422,8 +426,24 @@ void FunctionList::Refresh_mth_Height(bool ScrollToEnd) {
   Scroll(m_scrlFunctions->value());
 }
 
+void FunctionList::SpeakRow(int index) {
+  if (index < 0 || index > HighestIndex()) return;
+  FunctionRow& row = Row(index);
+  const QStringList options = core::Split(core::Tag(row.grpFunction), QStringLiteral(","));
+  bool visible = true;
+  core::TryStep([&] { visible = core::StrictToBoolean(core::At(options, 4)); });
+  const bool hasCommand = row.mthFunction->Text().contains(QStringLiteral("command"));
+  // Said anew only when the text changed: the layout pass comes here for every row.
+  const QString text = row.mthFunction->Text();
+  if (row.mthFunction->property("spokenOf").toString() != text || !row.mthFunction->property("spoken").isValid()) {
+    row.mthFunction->setProperty("spokenOf", text);
+    row.mthFunction->setProperty("spoken", mathx::SpokenForm::OfRow(text));
+  }
+  RowBuilder::Speak(row, index, row.mthFunction->property("spoken").toString(), visible || hasCommand,
+                    !row.rchfunNote->isHidden());
+}
+
 void FunctionList::PlaceStatusIcon(FunctionRow& row, int index) {
-  (void)index;
   const QStringList options = core::Split(core::Tag(row.grpFunction), QStringLiteral(","));
   const bool hasCommand = row.mthFunction->Text().contains(QStringLiteral("command"));
   bool visible = true;
@@ -440,6 +460,7 @@ void FunctionList::PlaceStatusIcon(FunctionRow& row, int index) {
   } else {
     row.colrFunction->setVisible(row.imgInvisible->isHidden());
   }
+  SpeakRow(index);
   row.imgInvisible->setToolTip(!row.rchfunNote->isHidden() ? tr("A note")
                                : hasCommand                ? tr("A display command")
                                                            : tr("Hidden: not drawn"));

@@ -57,6 +57,8 @@ public:
   // The warning mark of a row that cannot be drawn, with why; an empty why takes it away. An index
   // past the end is ignored.
   void SetRowProblem(int row, const QString& why);
+  // What a screen reader says of a row, told again after its text, colour or flags changed.
+  void SpeakRow(int index);
   // What a row's editor shows on hovering: the whole equation, typeset, when the editor cuts it
   // off; else its usual hint.
   QString EditorToolTip(int row) const;

@@ -21,6 +21,7 @@ InputTabs::InputTabs(core::SharedState& state, expression::ScriptEvaluation& eva
                      platform::ColorChooser& chooser, QWidget* parent)
     : QTabWidget(parent), m_state(state), m_evaluation(evaluation) {
   setObjectName(QStringLiteral("tabInput"));
+  setAccessibleName(tr("Input"));
   m_functions = new FunctionList(state, boxes, chooser);
   m_inequality = new InequalityPage(chooser);
   m_parametric = new ParametricPage(chooser);
@@ -72,6 +73,8 @@ void InputTabs::BuildIntegralRange() {
   label->setBuddy(m_integralMin);
   m_integralMin->setToolTip(tr("Where the shaded area between marked rows begins"));
   m_integralMax->setToolTip(tr("Where it ends"));
+  m_integralMin->setAccessibleName(tr("Area from"));
+  m_integralMax->setAccessibleName(tr("Area to"));
   bounds->addWidget(label);
   bounds->addWidget(m_integralMin);
   bounds->addWidget(new QLabel(tr("to"), group));

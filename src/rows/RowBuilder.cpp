@@ -4,6 +4,7 @@
 #include "ConstantSlider.h"
 #include "RowMetrics.h"
 
+#include "core/ColorNames.h"
 #include "core/Tag.h"
 #include "core/Twips.h"
 #include "mathx/MthX.h"
@@ -68,6 +69,7 @@ FunctionRow RowBuilder::Create(QWidget& picFunction, platform::ColorChooser& cho
   row.mthFunction = new mathx::MthX(row.grpFunction);
   core::SetTag(row.mthFunction, core::kQuiet);
   row.mthFunction->setObjectName(QStringLiteral("mthFunction"));
+  row.mthFunction->setAccessibleName(QObject::tr("Row %1").arg(index + 1));
   row.mthFunction->SetForeColor(16711680);
   row.mthFunction->move(Px(kEditorLeft), Px(kEditorTop));
   row.mthFunction->resize(Px(kEditorWidth), Px(kMinEditorHeight));
@@ -77,6 +79,7 @@ FunctionRow RowBuilder::Create(QWidget& picFunction, platform::ColorChooser& cho
 
   row.btnMore = new QToolButton(row.grpFunction);
   row.btnMore->setObjectName(QStringLiteral("btnMore"));
+  row.btnMore->setAccessibleName(QObject::tr("Menu of row %1").arg(index + 1));
   row.btnMore->setIcon(ribbon::IconFor(QStringLiteral("row-more")));
   row.btnMore->setAutoRaise(true);
   row.btnMore->setToolTip(QObject::tr("More for this row"));
@@ -176,7 +179,24 @@ void RowBuilder::ShowDrawn(FunctionRow& row, bool drawn) {
     faded->setOpacity(kHiddenOpacity);
     row.mthFunction->setGraphicsEffect(faded);
   }
-  row.mthFunction->setAccessibleDescription(drawn ? QString() : QObject::tr("Hidden: not drawn"));
+}
+
+// What a screen reader says of a row: its number and colour as the editor's and the colour
+// button's names, and the equation with what the row is in the editor's description.
+void RowBuilder::Speak(FunctionRow& row, int index, const QString& equation, bool drawn, bool note) {
+  const QString colour = core::ColorName(row.colrFunction->Color());
+  const QString number = QString::number(index + 1);
+  QStringList parts;
+  if (note) {
+    parts << QObject::tr("Note") << row.rchfunNote->toPlainText().simplified();
+  } else {
+    parts << (equation.isEmpty() ? QObject::tr("empty row") : equation);
+    if (!drawn) parts << QObject::tr("hidden: not drawn");
+  }
+  row.mthFunction->setAccessibleName(QObject::tr("Row %1, %2").arg(number, colour));
+  row.mthFunction->setAccessibleDescription(parts.join(QStringLiteral(", ")));
+  row.rchfunNote->setAccessibleName(QObject::tr("Note of row %1").arg(number));
+  row.colrFunction->setAccessibleName(QObject::tr("Colour of row %1: %2").arg(number, colour));
 }
 
 }  // namespace rows

@@ -28,6 +28,7 @@ public:
   static void ShowProblem(FunctionRow& row, const QString& why);
   static QString Problem(const FunctionRow& row);
   // A hidden row's equation greyed, a drawn one as it is.
+  static void Speak(FunctionRow& row, int index, const QString& equation, bool drawn, bool note);
   static void ShowDrawn(FunctionRow& row, bool drawn);
 };
 

@@ -152,6 +152,7 @@ void RowCommands::Flag(ribbon::CommandControl& control, int row, int position) {
   r.imgInvisible->setIcon(RowStatusIcons::Icon(RowStatusIcons::Hidden));
   r.colrFunction->setVisible(control.Checked());
   RowBuilder::ShowDrawn(r, control.Checked());
+  m_rows.SpeakRow(row);
 }
 
 void RowCommands::Note(ribbon::CommandControl& control, int row) {

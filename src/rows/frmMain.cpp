@@ -90,6 +90,8 @@ frmMain::frmMain(core::SharedState& state, const MainServices& services, QWidget
   m_plot->setObjectName(QStringLiteral("Plot"));
   m_plot3d = new plot3d::Plot3DWidget(m_rszControls);
   m_plot3d->setObjectName(QStringLiteral("Plot3D"));
+  m_plot->setAccessibleName(tr("Plot"));
+  m_plot3d->setAccessibleName(tr("3D plot"));
   m_plot3d->hide();
   m_buttons = new interaction::PlotButtons(*m_rszControls, *m_plot, *m_plot3d);
   m_panes = new interaction::StatusPanes(*statusBar(), m_plot->Scene());

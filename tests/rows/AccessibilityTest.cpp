@@ -1,0 +1,93 @@
+// What a screen reader hears of the main window: every control that the keyboard reaches has a
+// name, so that nothing is announced as a bare "button" or "edit".
+#include "rows/ColorButton.h"
+#include "rows/FunctionList.h"
+#include "rows/RowMenu.h"
+#include "rows/frmMain.h"
+
+#include <gtest/gtest.h>
+
+#include "MainWindowFixture.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QToolButton>
+#include <QWidget>
+
+namespace {
+
+QString Describe(QWidget* widget) {
+  QStringList path;
+  for (QWidget* at = widget; at != nullptr; at = at->parentWidget())
+    path.prepend(at->objectName().isEmpty() ? QString::fromLatin1(at->metaObject()->className()) : at->objectName());
+  return path.join(u'/');
+}
+
+// The controls within the window that Tab can reach and that say nothing.
+QStringList Nameless(QWidget& window) {
+  QStringList nameless;
+  for (QWidget* widget : window.findChildren<QWidget*>()) {
+    if (!(widget->focusPolicy() & Qt::TabFocus) || !widget->isVisibleTo(&window) || !widget->isEnabled()) continue;
+    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(widget);
+    if (accessible == nullptr || accessible->text(QAccessible::Name).trimmed().isEmpty()) nameless << Describe(widget);
+  }
+  return nameless;
+}
+
+}  // namespace
+
+TEST(Accessibility, EveryControlOfTheMainWindowHasAName) {
+  MainWindowFixture w;
+  w->show();
+  w.Fill({"y=2sin(x)+x/2", "a=2", "[x,y;1,2;3,4]"});
+  QApplication::processEvents();
+  const QStringList nameless = Nameless(*w.form);
+  EXPECT_TRUE(nameless.isEmpty()) << nameless.join(u'\n').toStdString();
+}
+
+TEST(Accessibility, ARowSaysItsNumberColourEquationAndState) {
+  MainWindowFixture w;
+  w.Fill({"y=2sin(x)+x/2", "a=2"});
+  w.Rows().Row(1).colrFunction->SetColor(16711680);
+  w.Rows().Refresh_mth_Height(false);
+  const auto name = [&w](int row) {
+    return QAccessible::queryAccessibleInterface(w.Rows().Row(row).mthFunction)->text(QAccessible::Name);
+  };
+  const auto description = [&w](int row) {
+    return QAccessible::queryAccessibleInterface(w.Rows().Row(row).mthFunction)->text(QAccessible::Description);
+  };
+  EXPECT_EQ(name(0), "Row 1, red");
+  EXPECT_EQ(name(1), "Row 2, blue");
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(w.Rows().Row(1).colrFunction)->text(QAccessible::Name),
+            "Colour of row 2: blue");
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(w.Rows().Row(0).btnMore)->text(QAccessible::Name), "Menu of row 1");
+  EXPECT_EQ(description(0), "y equals 2 sine of x plus x over 2");
+  EXPECT_EQ(description(1), "a equals 2");
+  w->FunctionMenu().Prepare(1);
+  w.Run(1169);  // hidden
+  QApplication::processEvents();
+  EXPECT_EQ(description(1), "a equals 2, hidden: not drawn");
+  w->FunctionMenu().Prepare(0);
+  w.Run(1135);  // a note
+  QApplication::processEvents();
+  EXPECT_TRUE(description(0).startsWith("Note")) << description(0).toStdString();
+}
+
+TEST(Accessibility, EveryControlOfTheDialogsHasAName) {
+  MainWindowFixture w;
+  w->show();
+  w.Fill({"y=x^2"});
+  w.state.InsertSource = 0;
+  w.state.InsertIndex = 0;
+  w->ShowInsert();
+  QApplication::processEvents();
+  ASSERT_NE(w->Insert(), nullptr);
+  QStringList nameless = Nameless(*w->Insert());
+  EXPECT_TRUE(nameless.isEmpty()) << "insert dialog:\n" << nameless.join(u'\n').toStdString();
+  w->CloseInsert();
+  w->ShowRange(QStringLiteral("Plot Range"), QPoint(100, 100));
+  QApplication::processEvents();
+  ASSERT_NE(w->Range(), nullptr);
+  nameless = Nameless(*w->Range());
+  EXPECT_TRUE(nameless.isEmpty()) << "range dialog:\n" << nameless.join(u'\n').toStdString();
+}
