@@ -9,6 +9,7 @@
 #include "FormHistory.h"
 #include "FunctionList.h"
 #include "InputTabs.h"
+#include "PlotDescription.h"
 #include "RowCommands.h"
 #include "RowDialogs.h"
 
@@ -142,6 +143,10 @@ void frmMain::WatchChanges() {
   connect(&m_changeCheck, &QTimer::timeout, this, &frmMain::RefreshProjectChanged);
   connect(&Functions(), &FunctionList::Changed, this, &frmMain::ProjectChanged);
   connect(this, &frmMain::Replotted, this, &frmMain::CheckChanged);
+  // What a screen reader hears of the plot follows what it shows.
+  const auto describe = [this] { m_plot->setAccessibleDescription(PlotDescription::Of(Functions(), m_state, m_plot->Scene())); };
+  connect(this, &frmMain::Replotted, this, describe);
+  connect(m_plot, &plot2d::PlotWidget::SettingsChanged, this, describe);
   connect(m_plot, &plot2d::PlotWidget::SettingsChanged, this, &frmMain::CheckChanged);
   connect(&m_commandBars, &ribbon::CommandBars::Executed, this, &frmMain::CheckChanged);
   connect(m_panes, &interaction::StatusPanes::SliderChanged, this, &frmMain::CheckChanged);

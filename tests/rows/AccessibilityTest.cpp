@@ -1,6 +1,7 @@
 // What a screen reader hears of the main window: every control that the keyboard reaches has a
 // name, so that nothing is announced as a bare "button" or "edit".
 #include "rows/ColorButton.h"
+#include "plot2d/PlotWidget.h"
 #include "rows/FunctionList.h"
 #include "rows/RowMenu.h"
 #include "rows/frmMain.h"
@@ -90,4 +91,21 @@ TEST(Accessibility, EveryControlOfTheDialogsHasAName) {
   ASSERT_NE(w->Range(), nullptr);
   nameless = Nameless(*w->Range());
   EXPECT_TRUE(nameless.isEmpty()) << "range dialog:\n" << nameless.join(u'\n').toStdString();
+}
+
+TEST(Accessibility, ThePlotSaysWhatItShows) {
+  MainWindowFixture w;
+  w.Fill({"y=x^2", "a=2", "", "[x,y;1,2;3,4]", "r=2cos(3theta)"});
+  w->Replot();
+  const auto description = [&w] {
+    return QAccessible::queryAccessibleInterface(&w->Plot())->text(QAccessible::Description);
+  };
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(&w->Plot())->text(QAccessible::Name), "Plot");
+  EXPECT_EQ(description(),
+            "x from -10 to 10, y from -10 to 10. Row 1, red: curve, y equals x squared. Row 2, orange: constant, a equals "
+            "2. Row 4, yellow: points, points: 1 comma 2; 3 comma 4. Row 5, green: polar curve, r equals 2 cosine of 3 theta.");
+  w->FunctionMenu().Prepare(0);
+  w.Run(1169);  // hidden: no longer drawn, no longer said
+  w->Replot();
+  EXPECT_FALSE(description().contains("squared"));
 }
