@@ -124,6 +124,7 @@ frmMain::frmMain(core::SharedState& state, const MainServices& services, QWidget
 frmMain::~frmMain() {
   // The history follows the focus, which moves as the widgets go: it goes first.
   delete std::exchange(m_undo, nullptr);
+  if (m_insert) disconnect(m_insert, nullptr, this, nullptr);  // no focus to hand back while the window goes
   m_rowDialogs->CloseAll();
   for (QWidget* popup : {static_cast<QWidget*>(m_insert.data()), static_cast<QWidget*>(m_range.data()),
                          static_cast<QWidget*>(m_fullScreen.data()), static_cast<QWidget*>(m_contact.data())}) {
@@ -603,6 +604,13 @@ void frmMain::ShowInsert() {
     at.setY(std::clamp(at.y(), free.top(), std::max(free.top(), free.bottom() - wanted.height())));
   }
   m_insert->move(at);
+  // When the dialog goes, the keyboard goes on from the editor it worked on.
+  QPointer<QWidget> editor = m_insertTarget->Editor(m_state.InsertSource, m_state.InsertIndex);
+  connect(m_insert, &QObject::destroyed, this, [this, editor] {
+    if (!editor || !isVisible()) return;
+    activateWindow();
+    editor->setFocus(Qt::OtherFocusReason);
+  });
   // F1 in the dialog opens the manual on the dialog's own chapter.
   auto* help = new QShortcut(QKeySequence(Qt::Key_F1), m_insert);
   connect(help, &QShortcut::activated, this, [this] { ShowHelp(QStringLiteral("insert-dialog.html")); });
