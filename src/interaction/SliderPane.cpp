@@ -16,6 +16,9 @@ SliderPane::SliderPane(const QString& caption, int highest, int lineStep, int pa
   m_plus = new QToolButton(this);
   m_plus->setText(QStringLiteral("+"));
   m_plus->setAutoRaise(true);
+  // A screen reader would say only the sign.
+  m_minus->setAccessibleName(tr("%1: less").arg(caption));
+  m_plus->setAccessibleName(tr("%1: more").arg(caption));
   m_slider = new QSlider(Qt::Horizontal, this);
   m_slider->setRange(1, highest);
   m_slider->setSingleStep(lineStep);

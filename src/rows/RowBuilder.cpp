@@ -59,6 +59,7 @@ FunctionRow RowBuilder::Create(QWidget& picFunction, platform::ColorChooser& cho
   row.grpFunction = new QFrame(&picFunction);
   row.grpFunction->setObjectName(QStringLiteral("grpFunction"));
   row.grpFunction->setFocusPolicy(Qt::ClickFocus);
+  row.grpFunction->setAccessibleName(QObject::tr("Row %1").arg(index + 1));
   core::SetTag(row.grpFunction, QString::fromLatin1(kDefaultAttributes));
 
   row.colrFunction = new ColorButton(chooser, row.grpFunction);

@@ -24,11 +24,12 @@ QString Describe(QWidget* widget) {
   return path.join(u'/');
 }
 
-// The controls within the window that Tab can reach and that say nothing.
+// The controls within the window that can take the focus (as the desktop's accessibility bus
+// lists them) and that say nothing.
 QStringList Nameless(QWidget& window) {
   QStringList nameless;
   for (QWidget* widget : window.findChildren<QWidget*>()) {
-    if (!(widget->focusPolicy() & Qt::TabFocus) || !widget->isVisibleTo(&window) || !widget->isEnabled()) continue;
+    if (widget->focusPolicy() == Qt::NoFocus || !widget->isVisibleTo(&window) || !widget->isEnabled()) continue;
     QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(widget);
     if (accessible == nullptr || accessible->text(QAccessible::Name).trimmed().isEmpty()) nameless << Describe(widget);
   }
