@@ -1,5 +1,8 @@
 #include "MthX.h"
 
+#include "MthXAccessible.h"
+
+#include <QAccessible>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
@@ -23,6 +26,9 @@ QColor FromFormColor(int color) { return QColor(color & 0xFF, (color >> 8) & 0xF
 }  // namespace
 
 MthX::MthX(QWidget* parent) : QWidget(parent) {
+  // Qt keeps one list of interface factories for the program; ours goes in with the first editor.
+  static const bool described = (QAccessible::installFactory(&MthXAccessible::Create), true);
+  (void)described;
   setAttribute(Qt::WA_InputMethodEnabled, true);
   setFocusPolicy(Qt::StrongFocus);
   setCursor(Qt::IBeamCursor);
@@ -35,6 +41,11 @@ MthX::MthX(QWidget* parent) : QWidget(parent) {
   });
   SetFontSize(m_fontSize);
   resize(sizeHint());
+}
+
+bool MthX::CaretCanMove(bool up) const {
+  const int caret = m_buffer.Caret();
+  return (up ? m_formula.PositionAbove(caret) : m_formula.PositionBelow(caret)) != caret;
 }
 
 void MthX::SetText(const QString& text) {

@@ -46,6 +46,9 @@ public:
 
   const Formula& Typeset() const { return m_formula; }
   int CaretPosition() const { return m_buffer.Caret(); }
+  // Whether Up (or Down) would move the caret within the equation (out of a fraction's top, say)
+  // rather than nowhere: where it would not, a list of editors may take the key to the next one.
+  bool CaretCanMove(bool up) const;
   int SelectionStart() const { return m_buffer.SelectionStart(); }
   int SelectionLength() const { return m_buffer.SelectionEnd() - m_buffer.SelectionStart(); }
   QString SelectedText() const { return m_buffer.SelectedText(); }

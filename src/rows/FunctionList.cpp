@@ -491,8 +491,8 @@ void FunctionList::PlaceList() {
 
 // The keyboard's ways through the list from a row's editor, so that no row needs the mouse: Enter
 // or F2 opens the insert dialog, Up and Down go to the row above or below, with Ctrl they move the
-// row there, Delete removes it (a step that Undo takes back), the Menu key or Shift+F10 opens its
-// menu.
+// row there, Ctrl+Delete removes it (a step that Undo takes back), the Menu key or Shift+F10 opens
+// its menu.
 bool FunctionList::RowKey(int i, const QKeyEvent& key) {
   const bool ctrl = key.modifiers() & Qt::ControlModifier;
   switch (key.key()) {
@@ -501,6 +501,8 @@ bool FunctionList::RowKey(int i, const QKeyEvent& key) {
     case Qt::Key_F2: EditorClicked(i); return true;
     case Qt::Key_Up:
     case Qt::Key_Down: {
+      // Within a fraction or a power the caret goes up and down in the equation first.
+      if (!ctrl && Row(i).mthFunction->CaretCanMove(key.key() == Qt::Key_Up)) return false;
       const int to = i + (key.key() == Qt::Key_Up ? -1 : 1);
       if (to < 0 || to > HighestIndex()) return true;
       if (ctrl) MoveFunctionTo(i, to);
@@ -508,6 +510,9 @@ bool FunctionList::RowKey(int i, const QKeyEvent& key) {
       return true;
     }
     case Qt::Key_Delete:
+      // The editor takes typing in place, so Delete deletes a character there: the row itself goes
+      // with Ctrl+Delete, or with Delete once it is empty.
+      if (!ctrl && !Row(i).mthFunction->Text().isEmpty()) return false;
       RemoveFunction(i, true);
       FocusRow(std::min(i, HighestIndex()));
       return true;

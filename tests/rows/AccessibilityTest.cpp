@@ -1,6 +1,8 @@
 // What a screen reader hears of the main window: every control that the keyboard reaches has a
 // name, so that nothing is announced as a bare "button" or "edit".
 #include "rows/ColorButton.h"
+#include "dialogs/frmInsert.h"
+#include "mathx/MthX.h"
 #include "plot2d/PlotWidget.h"
 #include "rows/FunctionList.h"
 #include "rows/RowMenu.h"
@@ -109,4 +111,28 @@ TEST(Accessibility, ThePlotSaysWhatItShows) {
   w.Run(1169);  // hidden: no longer drawn, no longer said
   w->Replot();
   EXPECT_FALSE(description().contains("squared"));
+}
+
+TEST(Accessibility, AnEquationEditorIsEditableTextWithTheEquationAsItsValue) {
+  MainWindowFixture w;
+  w->show();
+  w.Fill({"y=x^2"});
+  QAccessibleInterface* row = QAccessible::queryAccessibleInterface(w.Rows().Row(0).mthFunction);
+  ASSERT_NE(row, nullptr);
+  EXPECT_EQ(row->role(), QAccessible::EditableText) << "a row takes typing in place";
+  EXPECT_EQ(row->text(QAccessible::Value), "y=x^2");
+  w.state.InsertSource = 0;
+  w.state.InsertIndex = 0;
+  w->ShowInsert();
+  QApplication::processEvents();
+  ASSERT_NE(w->Insert(), nullptr);
+  QAccessibleInterface* standard = QAccessible::queryAccessibleInterface(w->Insert()->mthStandard());
+  ASSERT_NE(standard, nullptr);
+  EXPECT_EQ(standard->role(), QAccessible::EditableText);
+  EXPECT_TRUE(standard->state().editable);
+  EXPECT_EQ(standard->text(QAccessible::Name), "Standard Equation Style");
+  // An editor that takes no typing (the second inequality while it is off) is a button to click.
+  mathx::MthX still;
+  still.SetEditMode(0);
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(&still)->role(), QAccessible::Button);
 }

@@ -393,6 +393,8 @@ TEST(FunctionList, TheKeysMoveThroughTheRowsAndActOnThem) {
   EXPECT_EQ(f.list.focusWidget(), f.list.Row(2).mthFunction);
 
   key(2, Qt::Key_Delete);
+  EXPECT_EQ(f.list.HighestIndex(), 2) << "Delete alone edits the text in place";
+  key(2, Qt::Key_Delete, Qt::ControlModifier);
   EXPECT_EQ(f.list.HighestIndex(), 1);
   EXPECT_EQ(f.Text(1), "y=3x");
   EXPECT_EQ(f.list.focusWidget(), f.list.Row(1).mthFunction) << "the focus stays in the list";
@@ -443,4 +445,23 @@ TEST(FunctionList, TabVisitsTheRowsInOrder) {
       f.list.Row(3).colrFunction, f.list.Row(3).mthFunction, f.list.Row(3).btnMore,
       f.list.cmdAddFunction()};
   EXPECT_EQ(visited, wanted);
+}
+
+// Up and Down go through a stacked fraction first, and to the next row from its top or bottom.
+TEST(FunctionList, UpAndDownMoveWithinAFractionBeforeLeavingTheRow) {
+  ListFixture f;
+  f.Fill(2);
+  f.SetText(0, "y=1");
+  f.SetText(1, "y=(x+1)/(x-1)");
+  mathx::MthX& fraction = *f.list.Row(1).mthFunction;
+  f.list.SetActiveRow(1);
+  ASSERT_EQ(f.list.ActiveRow(), 1);
+  QTest::keyClick(&fraction, Qt::Key_End);
+  QTest::keyClick(&fraction, Qt::Key_Left);  // inside the denominator
+  ASSERT_TRUE(fraction.CaretCanMove(true));
+  QTest::keyClick(&fraction, Qt::Key_Up);
+  EXPECT_EQ(f.list.ActiveRow(), 1) << "the caret went up into the numerator";
+  EXPECT_FALSE(fraction.CaretCanMove(true));
+  QTest::keyClick(&fraction, Qt::Key_Up);
+  EXPECT_EQ(f.list.ActiveRow(), 0);
 }

@@ -68,7 +68,7 @@ TEST(Keyboard, RowsAddedTypedMovedRemovedAndTheRemovalUndone) {
   Press(Qt::Key_Up, Qt::ControlModifier);  // row 3 moves up
   EXPECT_EQ(w.Rows().Row(1).mthFunction->Text(), "y=3x");
   EXPECT_EQ(w.Rows().Row(2).mthFunction->Text(), "y=2x");
-  Press(Qt::Key_Delete);  // and goes
+  Press(Qt::Key_Delete, Qt::ControlModifier);  // and goes
   ASSERT_EQ(w.Rows().HighestIndex(), 1);
   EXPECT_EQ(w.Rows().Row(1).mthFunction->Text(), "y=2x");
   Press(Qt::Key_Z, Qt::ControlModifier);

@@ -271,7 +271,7 @@ TEST(Undo, ARowRemovedWithTheDeleteKeyComesBack) {
   w.Settle();
   const QString before = w.Text();
   w.Rows().Row(1).mthFunction->setFocus();
-  QTest::keyClick(w.Rows().Row(1).mthFunction, Qt::Key_Delete);
+  QTest::keyClick(w.Rows().Row(1).mthFunction, Qt::Key_Delete, Qt::ControlModifier);
   QApplication::processEvents();
   ASSERT_EQ(w.Rows().HighestIndex(), 1);
   EXPECT_EQ(w.History().UndoName(), "remove row 2");
