@@ -11,23 +11,15 @@
 #include "rows/frmMain.h"
 
 #include <QApplication>
-#include <QDir>
-#include <QFile>
 #include <QIcon>
 
 #include <memory>
 
 namespace {
 
-void ApplyLook(QApplication& application) {
-  QApplication::setStyle(QStringLiteral("Fusion"));
-  if (QDir(QStringLiteral("/usr/share/icons/breeze")).exists()) QIcon::setThemeName(QStringLiteral("breeze"));
-  QFile sheet(platform::DataFile(QStringLiteral("Ribbon/Quillograph.qss")));
-  // The sheet names the program's own pictures by %DATA%, wherever the data folder stands.
-  if (sheet.open(QIODevice::ReadOnly)) {
-    application.setStyleSheet(QString::fromUtf8(sheet.readAll()).replace(QStringLiteral("%DATA%"), platform::DataFolder()));
-  }
-}
+// The style under the program's sheet; the sheet itself, light or dark, is put on by the main
+// form as the settings ask.
+void ApplyStyle() { QApplication::setStyle(QStringLiteral("Fusion")); }
 
 }  // namespace
 
@@ -38,14 +30,15 @@ int main(int argc, char** argv) {
   // The desktop matches the window to its entry (quillograph.desktop) and shows its icon.
   QGuiApplication::setDesktopFileName(QStringLiteral("quillograph"));
   QApplication::setWindowIcon(QIcon(platform::DataFile(QStringLiteral("Icons/quillograph.svg"))));
-  ApplyLook(application);
+  // Made first, to keep the desktop's own palette before the program sets its look.
+  platform::QtDesktop desktop;
+  ApplyStyle();
 
   core::SharedState state;
   core::IniSettingsStore settings;
   platform::QtMessageBoxes boxes;
   platform::QtColorChooser colors;
   platform::QtFileDialogs files;
-  platform::QtDesktop desktop;
   std::unique_ptr<rows::frmMain> form;
 
   core::StartupHooks hooks;

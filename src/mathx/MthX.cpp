@@ -21,6 +21,12 @@ constexpr int kFrame = 2;              // pixels between the widget's edge and t
 constexpr int kBlinkMilliseconds = 530;
 const QColor kInertColor(0xC0, 0xC0, 0xC0);  // 12632256, the forms' grey
 
+// The form's ink on a dark base (the dark look): the same hue, light enough to read there.
+QColor OnBase(const QColor& ink, const QColor& base) {
+  if (base.lightness() >= 128 || ink.lightnessF() >= 0.72) return ink;
+  return QColor::fromHslF(std::max(0.0f, ink.hslHueF()), ink.hslSaturationF(), 0.75f);
+}
+
 QColor FromFormColor(int color) { return QColor(color & 0xFF, (color >> 8) & 0xFF, (color >> 16) & 0xFF); }
 
 }  // namespace
@@ -130,12 +136,14 @@ void MthX::Edited(bool changed) {
 void MthX::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.fillRect(rect(), palette().base());
+  const bool dark = palette().base().color().lightness() < 128;
   const QPointF at = FormulaTopLeft();
   if (Editable() && hasFocus() && m_buffer.HasSelection()) {
     for (const QRectF& selected : m_formula.SelectionRects(m_buffer.SelectionStart(), m_buffer.SelectionEnd()))
-      painter.fillRect(selected.translated(at), palette().highlight().color().lighter(160));
+      painter.fillRect(selected.translated(at), dark ? palette().highlight().color().darker(150)
+                                                     : palette().highlight().color().lighter(160));
   }
-  const QColor color = Editable() ? FromFormColor(m_foreColor) : kInertColor;
+  const QColor color = OnBase(Editable() ? FromFormColor(m_foreColor) : kInertColor, palette().base().color());
   if (m_buffer.Text().isEmpty() && !m_placeholder.isEmpty() && !hasFocus()) {
     // A hint where there is nothing yet, in the widget's own face, clearly no equation.
     QFont hint = font();

@@ -46,6 +46,7 @@ frmFullScreen::frmFullScreen(const plot2d::Plot& mainPlot, bool on3DTab, Replot 
   scene.SetThickness(mainPlot.Thickness());
   scene.SetBackColor(mainPlot.BackColor());
   scene.SetAxisColor(mainPlot.AxisColor());
+  scene.SetDarkDefaults(mainPlot.DarkDefaults());
   scene.SetShowAxis(mainPlot.ShowAxis());
   scene.SetShowGrid(mainPlot.ShowGrid());
   scene.SetShowNumbers(mainPlot.ShowNumbers());

@@ -34,6 +34,12 @@ public:
   virtual void SetClipboardData(std::unique_ptr<QMimeData> data) { SetClipboardText(data->text()); }
 
   virtual std::optional<QFont> ChooseFont(const QFont& current) = 0;
+
+  // Whether the desktop asks programs for dark windows.
+  virtual bool PrefersDark() { return false; }
+  // Puts the program's windows in the light or the dark look; a desktop without looks (tests,
+  // the command line) leaves them as they are.
+  virtual void ApplyLook(bool dark) { (void)dark; }
 };
 
 }  // namespace platform

@@ -1,5 +1,7 @@
 #include "QtDesktop.h"
 
+#include "Theme.h"
+
 #include <QApplication>
 #include <QClipboard>
 #include <QDesktopServices>
@@ -9,6 +11,18 @@
 #include <QUrl>
 
 namespace platform {
+
+QtDesktop::QtDesktop() : m_desktopPalette(QGuiApplication::palette()) {}
+
+// Asked once: the answer may come from another program.
+bool QtDesktop::PrefersDark() {
+  if (!m_prefersDark) m_prefersDark = Theme::DesktopPrefersDark(m_desktopPalette);
+  return *m_prefersDark;
+}
+
+void QtDesktop::ApplyLook(bool dark) {
+  if (auto* application = qobject_cast<QApplication*>(QCoreApplication::instance())) Theme::Apply(*application, dark);
+}
 
 std::optional<QString> QtDesktop::StartProgram(const QString& path, Window window) {
   // A window state is the started program's own matter on this desktop; the program is started

@@ -1,6 +1,7 @@
 #include "Plot.h"
 
 #include "mathlang/Derivative.h"
+#include "render/Contrast.h"
 #include "render/Parallel.h"
 #include "render/PictureFile.h"
 #include "PlotPainter.h"
@@ -103,12 +104,27 @@ QSize Plot::DeviceSize() const {
 
 ViewTransform Plot::View() const { return ViewTransform(m_xMin, m_xMax, m_yMin, m_yMax, DeviceSize()); }
 
+namespace {
+
+constexpr double kWhite = 16777215;
+
+}  // namespace
+
+QColor Plot::ShownBack() const {
+  return m_darkDefaults && m_backColor == kWhite ? QColor(0x1a, 0x1d, 0x22) : ColorOf(m_backColor);
+}
+
+QColor Plot::ShownAxis() const {
+  const QColor axis = ColorOf(m_axisColor);
+  return m_darkDefaults && m_backColor == kWhite ? render::Contrast::ReadableOn(axis, ShownBack(), 4.5) : axis;
+}
+
 PlotStyle Plot::Style() const { return StyleAt(m_devicePixelRatio); }
 
 PlotStyle Plot::StyleAt(double ratio) const {
   PlotStyle style = m_style;
-  style.Back = ColorOf(m_backColor);
-  style.Axis = ColorOf(m_axisColor);
+  style.Back = ShownBack();
+  style.Axis = ShownAxis();
   if (!std::isfinite(style.Thickness) || style.Thickness <= 0) style.Thickness = 1;
   style.Thickness = std::min(style.Thickness, 50.0) * ratio;
   style.Scale = ratio;
@@ -238,7 +254,7 @@ void Plot::DrawPicture(QImage& image, QImage::Format format) const {
   const QSize size = DeviceSize().expandedTo(QSize(1, 1));
   if (image.size() != size || image.format() != format) image = QImage(size, format);
   image.setDevicePixelRatio(1);
-  image.fill(m_style.TransparentBackground && image.hasAlphaChannel() ? QColor(Qt::transparent) : ColorOf(m_backColor));
+  image.fill(m_style.TransparentBackground && image.hasAlphaChannel() ? QColor(Qt::transparent) : ShownBack());
   {
     QPainter painter(&image);
     Paint(painter);
@@ -252,13 +268,14 @@ void Plot::SavePicture(const QString& name, std::int32_t kind) {
   // A saved picture has the scene's size, whatever screen the scene is shown on.
   const double ratio = m_devicePixelRatio;
   QImage image;
-  if (ratio == 1) {
+  if (ratio == 1 && !m_darkDefaults) {
     image = Picture(alpha ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
   } else {
     Plot flat = *this;
     flat.OnProgress = nullptr;
     flat.OnFinished = nullptr;
     flat.SetDevicePixelRatio(1);
+    flat.SetDarkDefaults(false);
     flat.Redraw();
     image = flat.Picture(alpha ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
   }

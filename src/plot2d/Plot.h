@@ -114,6 +114,13 @@ public:
   void SetAxisColor(double v) { m_axisColor = v; }
   double BackColor() const { return m_backColor; }
   void SetBackColor(double v) { m_backColor = v; }
+  // On a screen in the dark look: the default white back shows dark and the axes, grid and
+  // numbers are lightened to read on it. The colours themselves, the project file and saved
+  // pictures keep what the user chose.
+  void SetDarkDefaults(bool dark) { m_darkDefaults = dark; }
+  bool DarkDefaults() const { return m_darkDefaults; }
+  QColor ShownBack() const;
+  QColor ShownAxis() const;
   bool Interactive() const { return m_interactive; }
   void SetInteractive(bool v) { m_interactive = v; }
   std::int32_t ZoomType() const { return m_zoomType; }
@@ -157,6 +164,7 @@ private:
   double m_defaultXMin = -10, m_defaultXMax = 10, m_defaultYMin = -10, m_defaultYMax = 10;
   double m_axisColor = 0;
   double m_backColor = 16777215;
+  bool m_darkDefaults = false;
   bool m_interactive = true;
   std::int32_t m_zoomType = 3;
   bool m_equalScales = false;

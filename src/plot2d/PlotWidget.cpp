@@ -53,7 +53,7 @@ PlotWidget::PlotWidget(QWidget* parent)
   connect(&m_wheelEnd, &QTimer::timeout, this, [this] { EndGesture(); });
   for (QLabel* label : {m_coordinate, m_tip}) {
     label->setAttribute(Qt::WA_TransparentForMouseEvents);
-    label->setStyleSheet("QLabel { background: rgba(255,255,255,220); border: 1px solid #999; padding: 1px 3px; }");
+    label->setStyleSheet("QLabel { background: rgba(255,255,255,230); color: #111827; border: 1px solid #999; padding: 1px 3px; }");
     label->hide();
   }
   m_coordinate->setObjectName("coordinate");
@@ -91,7 +91,7 @@ void PlotWidget::Render(bool quick) {
 
 void PlotWidget::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  painter.fillRect(rect(), Plot::ColorOf(m_plot.BackColor()));
+  painter.fillRect(rect(), m_plot.ShownBack());
   if (!m_picture.isNull()) {
     // The last picture where its view lies in the current one: shifted while panning, scaled
     // while zooming, until a new picture comes.

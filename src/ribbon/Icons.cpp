@@ -1,15 +1,18 @@
 #include "Icons.h"
 
+#include "ThemedIconEngine.h"
+
 #include "platform/DataFolder.h"
 
-#include <QFileInfo>
+#include <QFile>
 
 namespace ribbon {
 
 QIcon IconFor(const QString& name) {
   if (name.isEmpty()) return {};
   const QString own = platform::DataFile(QStringLiteral("Icons/") + name + QStringLiteral(".svg"));
-  if (QFileInfo::exists(own)) return QIcon(own);
+  QFile file(own);
+  if (file.open(QIODevice::ReadOnly)) return QIcon(new ThemedIconEngine(file.readAll()));
   return QIcon::fromTheme(name);
 }
 

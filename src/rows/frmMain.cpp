@@ -17,6 +17,7 @@
 #include "output/pageSaveAsPicture.h"
 #include "output/pageInfo.h"
 #include "RowMenu.h"
+#include "ThemeSwitch.h"
 #include "UndoCommands.h"
 
 #include "core/NumberText.h"
@@ -112,6 +113,8 @@ frmMain::frmMain(core::SharedState& state, const MainServices& services, QWidget
   m_rowMenu = std::make_unique<RowMenu>(m_commandBars, Functions());
   m_rowCommands = std::make_unique<RowCommands>(Functions(), *m_rowMenu, m_services.Colors, m_services.Desktop);
   m_dispatch = std::make_unique<CommandDispatch>(*this, m_services, *m_rowCommands);
+  m_theme = std::make_unique<ThemeSwitch>(m_commandBars, m_services.Settings, m_services.Desktop, m_plot->Scene());
+  m_theme->Redraw = [this] { m_plot->Redraw(); };
   m_rowDialogs = std::make_unique<RowDialogs>(Functions(), m_state, m_evaluation, m_services.Boxes, this);
   WireParts();
 
@@ -284,6 +287,7 @@ void frmMain::Form_Load() {
 
 void frmMain::StartRibbon() {
   m_panes->Sync();
+  m_theme->ApplyStored();
   ribbon::QuickAccessBar& quick = m_ribbon->QuickAccess();
   quick.AddCommand(57600, QStringLiteral("New"), QStringLiteral("document-new"), QStringLiteral("Ctrl+N"),
                    tr("Another window, for a new project"));
@@ -357,6 +361,7 @@ void frmMain::CommandBars_Execute(ribbon::CommandControl& control) {
     ToggleEqualScales(control);
     return;
   }
+  if (m_theme->Execute(control.Id())) return;
   m_dispatch->CommandBars_Execute(control);
   // The ribbon's sliders and the status bar's show the same two values.
   if (control.Id() == 1113 || control.Id() == 1122) m_panes->Sync();

@@ -55,6 +55,7 @@ class AutoReplot;
 class InputTabs;
 class FormHistory;
 class UndoCommands;
+class ThemeSwitch;
 
 // The main window: the input tabs on the left, the plot beside them with its floating buttons,
 // the status bar under them, the command bars above. It owns and wires its parts; each of them is
@@ -128,6 +129,7 @@ public:
   plot3d::Plot3DWidget& Plot3D() { return *m_plot3d; }
   interaction::PlotButtons& Buttons() { return *m_buttons; }
   interaction::StatusPanes& Panes() { return *m_panes; }
+  ThemeSwitch& Theme() { return *m_theme; }
   ribbon::CommandBars& CommandBars() { return m_commandBars; }
   ribbon::RibbonBar& Ribbon() { return *m_ribbon; }
   ribbon::Backstage& BackstageView() { return *m_backstage; }
@@ -191,6 +193,7 @@ private:
   std::unique_ptr<RowCommands> m_rowCommands;
   std::unique_ptr<RowDialogs> m_rowDialogs;
   std::unique_ptr<CommandDispatch> m_dispatch;
+  std::unique_ptr<ThemeSwitch> m_theme;
   QPointer<dialogs::frmInsert> m_insert;
   QPointer<dialogs::frmRange> m_range;
   QPointer<output::frmFullScreen> m_fullScreen;

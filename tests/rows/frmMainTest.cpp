@@ -56,8 +56,9 @@ TEST(frmMain, TheSavedSettingsReachThePlotBeforeTheFirstReplot) {
   EXPECT_EQ(scene.AxisColor(), 0);
   EXPECT_EQ(scene.Thickness(), 3);
   EXPECT_EQ(scene.Quality(), 55);
+  // The look is read with them, before the first picture, so that it is drawn in its colours.
   EXPECT_EQ(f.settings.reads, (std::vector<QString>{"Settings/Backcolor", "Settings/Axiscolor", "Settings/Thickness",
-                                                    "Settings/Quality", "Settings/EqualScales"}));
+                                                    "Settings/Quality", "Settings/EqualScales", "Settings/Theme"}));
   EXPECT_FALSE(scene.EqualScales());
   EXPECT_TRUE(f.settings.writes.empty());
 }

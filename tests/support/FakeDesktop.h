@@ -127,6 +127,8 @@ public:
     fontAsked.push_back(current);
     return font;
   }
+  bool PrefersDark() override { return prefersDark; }
+  void ApplyLook(bool dark) override { looks.push_back(dark); }
 
   std::vector<std::pair<QString, Window>> started;
   std::optional<QString> startError;
@@ -138,4 +140,6 @@ public:
   int clears = 0;
   std::optional<QFont> font;
   std::vector<QFont> fontAsked;
+  bool prefersDark = false;  // what the desktop asks of a program that follows it
+  std::vector<bool> looks;   // each look put on the windows, true for dark
 };
