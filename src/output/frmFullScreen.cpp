@@ -70,6 +70,7 @@ void frmFullScreen::CopyView3D(const plot3d::Plot3D& main3D) {
   scene.SetYMin(main3D.YMin()), scene.SetYMax(main3D.YMax());
   scene.SetZMin(main3D.ZMin()), scene.SetZMax(main3D.ZMax());
   scene.View() = main3D.View();
+  scene.SetDarkDefaults(main3D.DarkDefaults());
 }
 
 void frmFullScreen::Form_Activate() {

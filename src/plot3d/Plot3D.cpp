@@ -70,6 +70,8 @@ void Plot3D::Refresh() {
   if (m_picture.size() != device) m_picture = QImage(device, QImage::Format_RGB32);
   SurfaceRenderer::Options options;
   options.MeshLines = m_meshLines;
+  options.Background = Background();
+  if (m_darkDefaults) options.BoxColor = QColor(0x8a, 0x91, 0x9e), options.NumberColor = QColor(0xd1, 0xd5, 0xdb);
   options.Scale = m_devicePixelRatio;
   m_picture.setDevicePixelRatio(1);  // the renderer works in the picture's own pixels
   m_renderer.Render(m_mesh, m_ranges, m_camera, m_picture, options);
@@ -77,13 +79,16 @@ void Plot3D::Refresh() {
 }
 
 // At the plot's size, whatever screen it is shown on.
+QColor Plot3D::Background() const { return m_darkDefaults ? QColor(0x1a, 0x1d, 0x22) : QColor(Qt::white); }
+
 void Plot3D::SavePicture(const QString& name, std::int32_t kind) {
-  if (m_devicePixelRatio == 1) {
+  if (m_devicePixelRatio == 1 && !m_darkDefaults) {
     if (m_picture.size() != m_size) Refresh();
     return render::WritePicture(m_picture, name, kind);
   }
   Plot3D flat = *this;
   flat.SetDevicePixelRatio(1);
+  flat.SetDarkDefaults(false);
   flat.Refresh();
   QImage picture = flat.Picture();
   picture.setDevicePixelRatio(1);

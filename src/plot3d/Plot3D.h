@@ -38,6 +38,11 @@ public:
   // The edges of the mesh drawn over the shaded surface.
   bool ShowMeshLines() const { return m_meshLines; }
   void SetShowMeshLines(bool on) { m_meshLines = on; }
+  // On a screen in the dark look: a dark back with a light box and numbers. Saved pictures keep
+  // the light ones.
+  void SetDarkDefaults(bool dark) { m_darkDefaults = dark; }
+  bool DarkDefaults() const { return m_darkDefaults; }
+  QColor Background() const;
 
   double XMin() const { return m_ranges.XMin; }
   double XMax() const { return m_ranges.XMax; }
@@ -111,6 +116,7 @@ private:
   QString m_problem;
   bool m_prepared = false;
   bool m_meshLines = false;
+  bool m_darkDefaults = false;
   double m_devicePixelRatio = 1;
 };
 

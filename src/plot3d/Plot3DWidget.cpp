@@ -74,7 +74,7 @@ void Plot3DWidget::Refresh() {
 
 void Plot3DWidget::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  painter.fillRect(rect(), Qt::white);
+  painter.fillRect(rect(), m_plot.Background());
   painter.drawImage(QPoint(0, 0), m_plot.Picture());
 }
 

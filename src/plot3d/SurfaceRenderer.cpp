@@ -197,10 +197,11 @@ void SurfaceRenderer::Fill(const ScreenVertex a, const ScreenVertex b, const Scr
   }
 }
 
-void SurfaceRenderer::DrawBox(const SurfaceRanges& box, const Camera& camera, QImage& image, double scale) const {
+void SurfaceRenderer::DrawBox(const SurfaceRanges& box, const Camera& camera, QImage& image, const Options& options) const {
+  const double scale = ValidScale(options.Scale);
   QPainter painter(&image);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(QColor(90, 90, 90), scale));
+  painter.setPen(QPen(options.BoxColor, scale));
   const double xs[] = {box.XMin, box.XMax}, ys[] = {box.YMin, box.YMax}, zs[] = {box.ZMin, box.ZMax};
   const auto at = [&](int i, int j, int k) {
     const Camera::Projected p = camera.Project({xs[i], ys[j], zs[k]}, box, image.size());
@@ -213,6 +214,7 @@ void SurfaceRenderer::DrawBox(const SurfaceRanges& box, const Camera& camera, QI
       painter.drawLine(at(i, j, 0), at(i, j, 1));
     }
   }
+  painter.setPen(options.NumberColor);
   DrawNumbers(painter, box, camera, image.size(), scale);
 }
 
@@ -311,7 +313,6 @@ QFont SurfaceRenderer::AxisFont(const QFont& base, QSize size, double scale) {
 void SurfaceRenderer::DrawNumbers(QPainter& painter, const SurfaceRanges& box, const Camera& camera, QSize size,
                                   double scale) const {
   const QFont font = AxisFont(painter.font(), size, scale);
-  painter.setPen(QColor(60, 60, 60));
   for (const AxisLabel& label : AxisLabels(box, camera, size, font, scale)) {
     QFont face = font;
     face.setBold(label.Name);
@@ -381,7 +382,7 @@ void SurfaceRenderer::Render(const Mesh& mesh, const SurfaceRanges& box, const C
     }
   });
   if (options.MeshLines) DrawMeshLines(mesh, image);
-  if (options.Box) DrawBox(box, camera, image, ValidScale(options.Scale));
+  if (options.Box) DrawBox(box, camera, image, options);
 }
 
 }  // namespace plot3d

@@ -39,6 +39,8 @@ public:
 
   struct Options {
     QColor Background = Qt::white;
+    QColor BoxColor = QColor(90, 90, 90);
+    QColor NumberColor = QColor(60, 60, 60);
     bool MeshLines = false;
     bool Box = true;
     // The picture's pixels per pixel of the screen (the device pixel ratio): lines, numbers and
@@ -91,7 +93,7 @@ private:
   };
   // The corners by value: the compiler then knows that the pixels written are not among them.
   void Fill(ScreenVertex a, ScreenVertex b, ScreenVertex c, const Band& band);
-  void DrawBox(const SurfaceRanges& box, const Camera& camera, QImage& image, double scale) const;
+  void DrawBox(const SurfaceRanges& box, const Camera& camera, QImage& image, const Options& options) const;
   void DrawNumbers(QPainter& painter, const SurfaceRanges& box, const Camera& camera, QSize size, double scale) const;
   void DrawMeshLines(const Mesh& mesh, QImage& image) const;
 

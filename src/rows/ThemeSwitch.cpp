@@ -3,6 +3,7 @@
 #include "core/SettingsStore.h"
 #include "platform/Desktop.h"
 #include "plot2d/Plot.h"
+#include "plot3d/Plot3D.h"
 #include "ribbon/CommandBars.h"
 
 namespace rows {
@@ -15,8 +16,8 @@ const QString kKey = QStringLiteral("Theme");
 }  // namespace
 
 ThemeSwitch::ThemeSwitch(ribbon::CommandBars& bars, core::SettingsStore& settings, platform::Desktop& desktop,
-                         plot2d::Plot& scene)
-    : m_bars(bars), m_settings(settings), m_desktop(desktop), m_scene(scene) {}
+                         plot2d::Plot& scene, plot3d::Plot3D& scene3d)
+    : m_bars(bars), m_settings(settings), m_desktop(desktop), m_scene(scene), m_scene3d(scene3d) {}
 
 void ThemeSwitch::ApplyStored() {
   Apply(platform::Theme::ChoiceOf(m_settings.GetSetting(kSettings, kKey, QStringLiteral("Desktop"))));
@@ -41,6 +42,7 @@ void ThemeSwitch::Apply(platform::Theme::Choice choice) {
   }
   m_desktop.ApplyLook(m_dark);
   m_scene.SetDarkDefaults(m_dark);
+  m_scene3d.SetDarkDefaults(m_dark);
 }
 
 }  // namespace rows

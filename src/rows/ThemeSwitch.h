@@ -17,6 +17,9 @@ class CommandBars;
 namespace plot2d {
 class Plot;
 }
+namespace plot3d {
+class Plot3D;
+}
 
 namespace rows {
 
@@ -29,7 +32,8 @@ public:
   static constexpr std::int32_t kDark = 1202;
   static constexpr std::int32_t kDesktop = 1203;
 
-  ThemeSwitch(ribbon::CommandBars& bars, core::SettingsStore& settings, platform::Desktop& desktop, plot2d::Plot& scene);
+  ThemeSwitch(ribbon::CommandBars& bars, core::SettingsStore& settings, platform::Desktop& desktop, plot2d::Plot& scene,
+              plot3d::Plot3D& scene3d);
 
   // Puts the windows and the plot in the stored look and checks its button: at the start, before
   // the first picture.
@@ -40,7 +44,7 @@ public:
   platform::Theme::Choice Choice() const { return m_choice; }
   bool Dark() const { return m_dark; }
 
-  // Draws the plot again after its colours changed.
+  // Draws the plots again after their colours changed.
   std::function<void()> Redraw;
 
 private:
@@ -50,6 +54,7 @@ private:
   core::SettingsStore& m_settings;
   platform::Desktop& m_desktop;
   plot2d::Plot& m_scene;
+  plot3d::Plot3D& m_scene3d;
   platform::Theme::Choice m_choice = platform::Theme::Choice::Desktop;
   bool m_dark = false;
 };

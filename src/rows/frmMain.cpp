@@ -113,8 +113,12 @@ frmMain::frmMain(core::SharedState& state, const MainServices& services, QWidget
   m_rowMenu = std::make_unique<RowMenu>(m_commandBars, Functions());
   m_rowCommands = std::make_unique<RowCommands>(Functions(), *m_rowMenu, m_services.Colors, m_services.Desktop);
   m_dispatch = std::make_unique<CommandDispatch>(*this, m_services, *m_rowCommands);
-  m_theme = std::make_unique<ThemeSwitch>(m_commandBars, m_services.Settings, m_services.Desktop, m_plot->Scene());
-  m_theme->Redraw = [this] { m_plot->Redraw(); };
+  m_theme = std::make_unique<ThemeSwitch>(m_commandBars, m_services.Settings, m_services.Desktop, m_plot->Scene(),
+                                          m_plot3d->Scene());
+  m_theme->Redraw = [this] {
+    m_plot->Redraw();
+    m_plot3d->Refresh();
+  };
   m_rowDialogs = std::make_unique<RowDialogs>(Functions(), m_state, m_evaluation, m_services.Boxes, this);
   WireParts();
 

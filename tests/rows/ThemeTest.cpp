@@ -6,6 +6,7 @@
 #include "platform/Theme.h"
 #include "plot2d/Plot.h"
 #include "plot2d/PlotWidget.h"
+#include "plot3d/Plot3DWidget.h"
 #include "project/ProjectWriter.h"
 #include "render/Contrast.h"
 #include "ribbon/Icons.h"
@@ -179,6 +180,8 @@ TEST(Theme, ANewWindowStartsInTheStoredLook) {
   EXPECT_EQ(desktop.looks, std::vector<bool>{true});
   EXPECT_TRUE(form.CommandBars().FindControl(rows::ThemeSwitch::kDark)->Checked());
   EXPECT_TRUE(form.Plot().Scene().DarkDefaults());
+  EXPECT_TRUE(form.Plot3D().Scene().DarkDefaults());
+  EXPECT_EQ(form.Plot3D().Scene().Background(), QColor(0x1a, 0x1d, 0x22));
 }
 
 // Only the default white back turns dark, and then the axes are lightened to read on it; a back
