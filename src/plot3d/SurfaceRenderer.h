@@ -39,8 +39,6 @@ public:
 
   struct Options {
     QColor Background = Qt::white;
-    QColor BoxColor = QColor(90, 90, 90);
-    QColor NumberColor = QColor(60, 60, 60);
     bool MeshLines = false;
     bool Box = true;
     // The picture's pixels per pixel of the screen (the device pixel ratio): lines, numbers and
@@ -50,6 +48,9 @@ public:
     // the triangles that reach it: its depths and pixels stay in the core's cache. The picture
     // is the same for any height.
     int BandRows = 64;
+    // The box's edges and its numbers: grey on the light back, lighter on a dark one.
+    QColor BoxColor = QColor(90, 90, 90);
+    QColor NumberColor = QColor(60, 60, 60);
   };
 
   // Render keeps what a picture of a mesh needs that does not depend on the camera (its points
