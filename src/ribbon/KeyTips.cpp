@@ -155,7 +155,7 @@ KeyTips::~KeyTips() {
 std::vector<KeyTips::Tip> KeyTips::TabLevelTips() const {
   std::vector<Tip> tips{{kFileKey, m_ribbon.FileButton(), -1}};
   const std::vector<RibbonButton*> quick = m_ribbon.QuickAccess().Buttons();
-  for (int i = 0; i < static_cast<int>(quick.size()); ++i) tips.push_back({QuickAccessKeys(i), quick[static_cast<std::size_t>(i)], -1});
+  for (std::size_t i = 0; i < quick.size(); ++i) tips.push_back({QuickAccessKeys(static_cast<int>(i)), quick[i], -1});
   // The tabs' own mnemonics first; a tab without one, or with a letter taken, gets one from its caption.
   QStringList taken{kFileKey};
   QStringList letters;
@@ -337,7 +337,10 @@ bool KeyTips::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::ShortcutOverride:
       // Keys reach a window first and then its focus widget: the widget's turn alone counts.
       if (!watched->isWidgetType()) break;
-      if (m_level != Level::Hidden && KeyWhileShown(static_cast<QKeyEvent*>(event), event->type() == QEvent::ShortcutOverride)) return true;
+      if (m_level != Level::Hidden &&
+          KeyWhileShown(static_cast<QKeyEvent*>(event), event->type() == QEvent::ShortcutOverride)) {
+        return true;
+      }
       WatchAlt(event);
       break;
     case QEvent::KeyRelease:
