@@ -110,8 +110,9 @@ bool IsEnabled(const KeyTips::Tip& tip) {
 }
 
 // Where a tip's label goes in host: centred under a tab, a large button or a quick access button,
-// straddling its lower edge; over the icon of a small button; between a slider's caption and its
-// groove. It stays within the host.
+// straddling its lower edge; over the icon of a small button; over the start of a slider's groove,
+// which leaves its caption (lined up with longer ones) and its value in view. It stays within the
+// host.
 QPoint Place(const KeyTips::Tip& tip, const QWidget& host, const QSize& size) {
   QWidget* target = tip.Target;
   QRect area(target->mapTo(&host, QPoint(0, 0)), target->size());
@@ -121,7 +122,7 @@ QPoint Place(const KeyTips::Tip& tip, const QWidget& host, const QSize& size) {
     area = QRect(target->mapTo(&host, tab.topLeft()), tab.size());
     centre = QPoint(area.center().x(), area.bottom());
   } else if (auto* slider = qobject_cast<RibbonSlider*>(target)) {
-    centre = slider->Slider()->mapTo(&host, QPoint(0, slider->Slider()->height() / 2));
+    centre = slider->Slider()->mapTo(&host, QPoint(size.width() / 2, slider->Slider()->height() / 2));
   } else if (auto* button = qobject_cast<RibbonButton*>(target); button != nullptr && button->Style() == ButtonStyle::Small) {
     centre = QPoint(area.left() + kSmallIconCentre, area.center().y());
   }
