@@ -377,3 +377,49 @@ TEST(KeyTips, ScreenReadersHearTheKeys) {
   EXPECT_EQ(f.ribbon->QuickAccess().ButtonFor(57603)->accessibleDescription(), "Keys: Alt, 3");
   EXPECT_EQ(f.ribbon->FileButton()->accessibleDescription(), "Keys: Alt, F");
 }
+
+TEST(KeyTips, ADisabledControlsTipIsDimAndItsLetterIgnored) {
+  KeyTipsFixture f;
+  ASSERT_TRUE(f.active);
+  ExecutedIds ids(f.bars);
+  f.bars.FindControl(1023)->SetEnabled(false);
+  f.Alt();
+  f.Press(Qt::Key_H);
+  QLabel* replot = nullptr;
+  for (const auto& [label, tip] : f.Tips().ShownLabels()) {
+    if (tip.Target == f.View(1023)) replot = label;
+  }
+  ASSERT_NE(replot, nullptr);
+  EXPECT_EQ(replot->text(), "R");
+  EXPECT_TRUE(replot->property("dim").toBool());
+  f.Press(Qt::Key_R);
+  EXPECT_TRUE(ids.ids.empty());
+  EXPECT_EQ(f.Tips().CurrentLevel(), Level::Controls);
+}
+
+TEST(KeyTips, ATabOfMoreThanTwentySixControlsHasTwoLetterTips) {
+  KeyTipsFixture f;
+  ASSERT_TRUE(f.active);
+  QByteArray buttons;
+  for (int i = 1; i <= 27; ++i) {
+    if (i > 1) buttons += ',';
+    buttons += QStringLiteral(R"({ "kind": "button", "id": %1, "caption": "Item %2" })").arg(5000 + i).arg(i).toUtf8();
+  }
+  ASSERT_TRUE(f.bars.LoadDesign(R"({ "commandbars": 1, "controls": [ { "kind": "tab", "caption": "&Many", "controls": [
+    { "kind": "group", "caption": "All", "controls": [ )" + buttons + "] } ] } ] }"));
+  FlushDeletes();
+  QApplication::processEvents();
+  ExecutedIds ids(f.bars);
+  f.Alt();
+  f.Press(Qt::Key_M);
+  ASSERT_EQ(f.Tips().ShownLabels().size(), 27u);
+  EXPECT_EQ(f.LabelOver(f.View(5001)), "IT");
+  EXPECT_EQ(f.LabelOver(f.View(5004)), "IA");
+  // The first letter keeps the tips that start with it; the second runs one.
+  f.Press(Qt::Key_I);
+  EXPECT_EQ(f.Tips().CurrentLevel(), Level::Controls);
+  EXPECT_EQ(f.Tips().ShownLabels().size(), 26u);
+  f.Press(Qt::Key_A);
+  EXPECT_EQ(ids.ids, std::vector<int>{5004});
+  EXPECT_EQ(f.Tips().CurrentLevel(), Level::Hidden);
+}
