@@ -59,4 +59,13 @@ int QuickAccessBar::Count() const {
   return count;
 }
 
+std::vector<RibbonButton*> QuickAccessBar::Buttons() const {
+  std::vector<RibbonButton*> buttons;
+  for (int i = 0; i < m_layout->count(); ++i) {
+    auto* button = qobject_cast<RibbonButton*>(m_layout->itemAt(i)->widget());
+    if (button != nullptr && button->Control() != nullptr && !button->isHidden()) buttons.push_back(button);
+  }
+  return buttons;
+}
+
 }  // namespace ribbon

@@ -35,6 +35,8 @@ public:
   // The button of the command with this id; nullptr when there is none.
   RibbonButton* ButtonFor(std::int32_t id) const;
   int Count() const;
+  // The buttons shown, from left to right.
+  std::vector<RibbonButton*> Buttons() const;
 
 signals:
   // A command came or went: the ribbon shows the bar only while it has some.

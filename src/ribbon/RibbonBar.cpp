@@ -3,6 +3,7 @@
 #include "Backstage.h"
 #include "CommandShortcuts.h"
 #include "Icons.h"
+#include "KeyTips.h"
 #include "QuickAccessBar.h"
 #include "RibbonGroup.h"
 #include "RibbonText.h"
@@ -10,7 +11,6 @@
 #include <QApplication>
 #include <QFrame>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QShortcut>
@@ -55,11 +55,13 @@ RibbonBar::RibbonBar(CommandBars& bars, platform::ColorChooser& colors, QWidget*
   m_collapseKey = new QShortcut(QKeySequence(QStringLiteral("Ctrl+F1")), this);
   m_collapseKey->setContext(Qt::WindowShortcut);
   connect(m_collapseKey, &QShortcut::activated, this, [this] { SetCollapsed(!m_collapsed); });
-  qApp->installEventFilter(this);
+  // Last: the tips read the tabs and views built above, and follow each rebuild after it is done.
+  m_keyTips = new KeyTips(*this);
 }
 
 RibbonBar::~RibbonBar() {
-  qApp->removeEventFilter(this);
+  // The tips watch the whole application: they go while the ribbon is still whole.
+  delete m_keyTips;
   // The views go before the quick access bar's own controls and the shortcuts.
   ClearTabs(true);
 }
@@ -179,6 +181,7 @@ void RibbonBar::Rebuild() {
     }
   }
   ShowPanel();
+  emit Rebuilt();
 }
 
 void RibbonBar::AddTab(CommandControl& tab) {
@@ -191,7 +194,7 @@ void RibbonBar::AddTab(CommandControl& tab) {
   m_pages->addWidget(BuildPage(tab));
   auto* key = new QShortcut(this);
   key->setContext(Qt::WindowShortcut);
-  connect(key, &QShortcut::activated, this, [this, index] { OnTabKey(index); });
+  connect(key, &QShortcut::activated, this, [this, index] { OpenTab(index); });
   m_tabKeys.push_back(key);
   connect(&tab, &CommandControl::Changed, m_pages->widget(index), [this, index] { FollowTab(index); });
   FollowTab(index);
@@ -254,6 +257,8 @@ CommandControl* RibbonBar::TabControl(int index) const {
   return m_tabControls[static_cast<std::size_t>(index)];
 }
 
+QWidget* RibbonBar::Page(int index) const { return m_pages->widget(index); }
+
 void RibbonBar::SetCollapsed(bool collapsed) {
   if (collapsed == m_collapsed) return;
   m_collapsed = collapsed;
@@ -312,8 +317,7 @@ QWidget* RibbonBar::WidgetFor(std::int32_t id) const {
   return nullptr;
 }
 
-// A tab's Alt key selects it and moves the keyboard there; a collapsed ribbon drops it down.
-void RibbonBar::OnTabKey(int index) {
+void RibbonBar::OpenTab(int index) {
   SelectTab(index);
   m_tabs->setFocus(Qt::ShortcutFocusReason);
   if (m_collapsed) {
@@ -355,6 +359,15 @@ void RibbonBar::Peek() {
   m_peek->show();
 }
 
+bool RibbonBar::IsPeeking() const { return m_peek != nullptr && m_peek->isVisible(); }
+
+void RibbonBar::ClosePeek() {
+  if (!IsPeeking()) return;
+  // Closed by a key, not by a second click on its tab: it stays a peek.
+  m_peekOpened.invalidate();
+  m_peek->hide();
+}
+
 void RibbonBar::EndPeek() {
   if (m_panel->parentWidget() != m_peek) return;
   m_peekClosed.start();
@@ -370,43 +383,8 @@ void RibbonBar::EndPeek() {
 }
 
 bool RibbonBar::eventFilter(QObject* watched, QEvent* event) {
-  const QEvent::Type type = event->type();
-  if (watched == m_peek && type == QEvent::Hide) EndPeek();
-  if (type == QEvent::KeyPress || type == QEvent::KeyRelease || type == QEvent::ShortcutOverride ||
-      type == QEvent::MouseButtonPress) {
-    AltKey(event);
-  }
+  if (watched == m_peek && event->type() == QEvent::Hide) EndPeek();
   return QWidget::eventFilter(watched, event);
-}
-
-// Alt pressed and released alone moves the keyboard to the tab strip, and back again.
-void RibbonBar::AltKey(QEvent* event) {
-  if (!isVisible() || QApplication::activeWindow() != window()) return;
-  if (event->type() == QEvent::MouseButtonPress) {
-    m_altAlone = false;
-    return;
-  }
-  const auto* key = static_cast<QKeyEvent*>(event);
-  if (key->isAutoRepeat()) return;
-  // A key taken by a shortcut (Alt+V) never arrives as a key press: its override does.
-  if (event->type() == QEvent::ShortcutOverride) {
-    if (key->key() != Qt::Key_Alt) m_altAlone = false;
-    return;
-  }
-  if (event->type() == QEvent::KeyPress) {
-    // Platforms differ on whether the Alt key's own press carries the Alt modifier.
-    m_altAlone = key->key() == Qt::Key_Alt && (key->modifiers() & ~Qt::AltModifier) == Qt::NoModifier;
-    return;
-  }
-  if (key->key() != Qt::Key_Alt || !m_altAlone) return;
-  m_altAlone = false;
-  if (m_backstage && m_backstage->IsOpen()) return;
-  if (m_tabs->hasFocus()) {
-    if (m_focusBeforeAlt) m_focusBeforeAlt->setFocus(Qt::ShortcutFocusReason);
-    return;
-  }
-  m_focusBeforeAlt = QApplication::focusWidget();
-  m_tabs->setFocus(Qt::ShortcutFocusReason);
 }
 
 }  // namespace ribbon

@@ -21,6 +21,7 @@ namespace ribbon {
 
 class Backstage;
 class CommandShortcuts;
+class KeyTips;
 class QuickAccessBar;
 
 // The ribbon of a window, drawn from its command bars: the quick access bar at the top left, the
@@ -31,8 +32,9 @@ class QuickAccessBar;
 //
 // Collapsed, the ribbon is its tab strip alone: a click on a tab drops the tab's groups down over
 // the window until a command runs or the user clicks elsewhere. A double click on a tab, the
-// button at the right or Ctrl+F1 collapse and expand it. Alt alone moves the keyboard to the tabs;
-// Alt and a tab's mnemonic letter selects that tab, Alt+F opens the backstage.
+// button at the right or Ctrl+F1 collapse and expand it. Alt and a tab's mnemonic letter selects
+// that tab, Alt+F opens the backstage; Alt alone shows the key tips (see KeyTips) and moves the
+// keyboard to the tabs.
 class RibbonBar : public QWidget {
   Q_OBJECT
 
@@ -50,6 +52,14 @@ public:
   int CurrentTab() const;
   void SelectTab(int index);
   CommandControl* TabControl(int index) const;
+  // The page of a tab's groups.
+  QWidget* Page(int index) const;
+  // Selects a tab from the keyboard and moves the keyboard there; a collapsed ribbon drops the
+  // tab's groups down.
+  void OpenTab(int index);
+  // The groups of a collapsed ribbon are dropped down.
+  bool IsPeeking() const;
+  void ClosePeek();
 
   bool IsCollapsed() const { return m_collapsed; }
   void SetCollapsed(bool collapsed);
@@ -60,12 +70,15 @@ public:
   QToolButton* FileButton() const { return m_fileButton; }
   QToolButton* CollapseButton() const { return m_collapseButton; }
   CommandShortcuts& Shortcuts() { return *m_shortcuts; }
+  KeyTips& Tips() { return *m_keyTips; }
 
 signals:
   void CurrentTabChanged(int index);
   // The ribbon's height changes: the window lays itself out again.
   void CollapsedChanged(bool collapsed);
   void FileButtonClicked();
+  // The tabs and their pages were built again from the bars.
+  void Rebuilt();
 
 protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -81,14 +94,12 @@ private:
   void FollowTab(int index);
   void BindShortcuts(CommandControl& parent);
   void OnTabClicked(int index);
-  void OnTabKey(int index);
   void OpenFile();
   void Peek();
   void EndPeek();
   void ShowPanel();
   void UpdateCollapseButton();
   void SuspendKeys(bool suspended);
-  void AltKey(QEvent* event);
 
   CommandBars& m_bars;
   platform::ColorChooser& m_colors;
@@ -113,9 +124,8 @@ private:
   QShortcut* m_collapseKey = nullptr;
   bool m_keysSuspended = false;
   QPointer<Backstage> m_backstage;
-  QPointer<QWidget> m_focusBeforeAlt;
+  KeyTips* m_keyTips = nullptr;
   bool m_collapsed = false;
-  bool m_altAlone = false;
 };
 
 }  // namespace ribbon

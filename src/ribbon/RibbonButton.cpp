@@ -82,10 +82,17 @@ void RibbonButton::Follow() {
   setText(m_style == ButtonStyle::Large ? TwoLineCaption(caption, fontMetrics(), kLargeCaptionWidth) : caption);
   setToolTip(RichToolTip(control));
   setAccessibleName(PlainCaption(control.Caption()));
-  setAccessibleDescription(control.Description());
+  QStringList description{control.Description(), m_keyTip};
+  description.removeAll(QString());
+  setAccessibleDescription(description.join(u' '));
   setEnabled(control.Enabled());
   setHidden(!control.Visible());
   if (isCheckable()) setChecked(control.Checked());
+}
+
+void RibbonButton::SetKeyTip(const QString& spoken) {
+  m_keyTip = spoken;
+  Follow();
 }
 
 void RibbonButton::changeEvent(QEvent* event) {

@@ -30,6 +30,8 @@ public:
 
   CommandControl* Control() const { return m_control; }
   ButtonStyle Style() const { return m_style; }
+  // The key tip's keys in words ("Keys: Alt, H, R"), said after the control's description.
+  void SetKeyTip(const QString& spoken);
 
   // The widths of the two lines of a large button's caption are kept under this.
   static constexpr int kLargeCaptionWidth = 64;
@@ -54,6 +56,7 @@ private:
   QPointer<CommandControl> m_control;
   CommandBars& m_bars;
   ButtonStyle m_style;
+  QString m_keyTip;
 };
 
 // Moves the menu's own key bindings to the menu alone: the window's shortcuts execute the same

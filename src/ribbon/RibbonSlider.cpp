@@ -68,6 +68,8 @@ int RibbonSlider::CaptionWidth() const { return m_caption->isHidden() ? 0 : m_ca
 
 void RibbonSlider::SetCaptionWidth(int width) { m_caption->setMinimumWidth(width); }
 
+void RibbonSlider::SetKeyTip(const QString& spoken) { m_slider->setAccessibleDescription(spoken); }
+
 void RibbonSlider::Settle(int value) {
   m_value->setText(QString::number(value));
   if (!m_control || !m_control->Enabled()) return;

@@ -26,6 +26,8 @@ public:
   // Sliders stacked in one column line up: their captions take the widest one's width.
   int CaptionWidth() const;
   void SetCaptionWidth(int width);
+  // The key tip's keys in words ("Keys: Alt, V, Q"), for screen readers.
+  void SetKeyTip(const QString& spoken);
 
 private:
   void Follow();

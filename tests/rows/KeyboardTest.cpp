@@ -2,6 +2,9 @@
 // removal undone, every step through key events to whatever has the focus.
 #include "dialogs/frmInsert.h"
 #include "mathx/MthX.h"
+#include "plot2d/PlotWidget.h"
+#include "ribbon/KeyTips.h"
+#include "ribbon/RibbonBar.h"
 #include "rows/FunctionList.h"
 #include "rows/frmMain.h"
 
@@ -74,4 +77,29 @@ TEST(Keyboard, RowsAddedTypedMovedRemovedAndTheRemovalUndone) {
   Press(Qt::Key_Z, Qt::ControlModifier);
   ASSERT_EQ(w.Rows().HighestIndex(), 2);
   EXPECT_EQ(w.Rows().Row(1).mthFunction->Text(), "y=3x");
+}
+
+// The ribbon's key tips in the real window: Alt, V, then Grid's letter switches the grid off and
+// on, and the keyboard goes back to the row it came from.
+TEST(Keyboard, KeyTipsReachTheRibbonsCommands) {
+  MainWindowFixture w;
+  w->show();
+  QApplication::setActiveWindow(w.form.get());
+  ASSERT_TRUE(QTest::qWaitForWindowActive(w.form.get()));
+  w.Rows().Row(0).mthFunction->setFocus();
+  QApplication::processEvents();
+  ASSERT_EQ(QApplication::focusWidget(), w.Rows().Row(0).mthFunction);
+  const bool grid = w->Plot().Scene().ShowGrid();
+  for (const bool expected : {!grid, grid}) {
+    Press(Qt::Key_Alt, Qt::AltModifier);
+    EXPECT_EQ(w->Ribbon().Tips().CurrentLevel(), ribbon::KeyTips::Level::Tabs);
+    Press(Qt::Key_V);
+    EXPECT_EQ(w->Ribbon().Tips().CurrentLevel(), ribbon::KeyTips::Level::Controls);
+    Press(Qt::Key_G);
+    EXPECT_EQ(w->Ribbon().Tips().CurrentLevel(), ribbon::KeyTips::Level::Hidden);
+    EXPECT_EQ(w->Plot().Scene().ShowGrid(), expected);
+    EXPECT_EQ(w->CommandBars().FindControl(1088)->Checked(), expected);
+    EXPECT_EQ(QApplication::focusWidget(), w.Rows().Row(0).mthFunction);
+  }
+  EXPECT_EQ(w.Rows().Row(0).mthFunction->Text(), "");
 }
