@@ -35,7 +35,8 @@ const QHash<QString, QString>& DarkSurfaces() {
       {"#9ca3af", "#7c8493"}, {"#2563eb", "#2563eb"}, {"#1d4ed8", "#1d4ed8"}, {"#1e40af", "#1e40af"},
       {"#dbeafe", "#1e3a5f"}, {"#bfdbfe", "#264b7a"}, {"#93c5fd", "#3b82f6"}, {"#eff6ff", "#1f2a3c"},
       {"#e0e7ff", "#2a3560"}, {"#fffbeb", "#2b2616"}, {"#fde68a", "#6b5a1e"}, {"#fee2e2", "#4a1f1f"},
-      {"#fecaca", "#5c2424"}, {"#fca5a5", "#b91c1c"}, {"#dc2626", "#ef4444"},
+      {"#fecaca", "#5c2424"}, {"#fca5a5", "#b91c1c"}, {"#dc2626", "#ef4444"}, {"#fffbe6", "#3d3417"},
+      {"#6b7280", "#8a919e"},
   };
   return map;
 }
