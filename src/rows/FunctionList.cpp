@@ -81,8 +81,12 @@ FunctionList::FunctionList(core::SharedState& state, platform::MessageBoxes& box
   buttons->addWidget(m_cmdClearAllFunction);
   buttons->addStretch();
   connect(m_cmdAddFunction, &QPushButton::clicked, this, [this] {
+    const int before = HighestIndex();
     AddFunction(false);
     emit CloseInsertRequested();
+    // The new row takes the keyboard, ready for its equation, whether the button was clicked or
+    // reached by its keys.
+    if (HighestIndex() > before) FocusRow(HighestIndex());
   });
   connect(m_cmdClearAllFunction, &QPushButton::clicked, this, &FunctionList::ClearAllFunctions);
 
