@@ -20,7 +20,7 @@ int RowOf(const Drawing& drawing, int curve) {
 
 // The stop of the same curve that p lies within a pixel of, among the last ones: the points come
 // by x, so only stops less than a pixel to the left can be near.
-NotableWalk::Stop* NearStop(std::vector<NotableWalk::Stop>& stops, std::vector<int>& curves, const NotablePoint& p,
+NotableWalk::Stop* NearStop(std::vector<NotableWalk::Stop>& stops, const std::vector<int>& curves, const NotablePoint& p,
                             const ViewTransform& view) {
   const double px = view.ToPixelX(p.At.x()), py = view.ToPixelY(p.At.y());
   for (std::size_t i = stops.size(); i-- > 0;) {
