@@ -128,7 +128,9 @@ TEST(Accessibility, NAtThePlotSaysANotablePointWithTheRowItBelongsTo) {
   QTest::keyClicks(second, QStringLiteral("y=x^2-1"));
   ASSERT_EQ(second->Text(), "y=x^2-1");
   w->Replot();
-  QApplication::processEvents();
+  // The window draws the plot once more when it has kept its size for 200 ms after showing, and
+  // a redraw ends a walk: that drawing comes first.
+  QTest::qWait(500);
   plot2d::PlotWidget& plot = w->Plot();
   plot.setFocus();
   QApplication::processEvents();
