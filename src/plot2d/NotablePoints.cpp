@@ -22,6 +22,8 @@ bool Overlap(QPointF a1, QPointF a2, QPointF b1, QPointF b2) {
          std::max(std::min(a1.y(), a2.y()), std::min(b1.y(), b2.y())) <= std::min(std::max(a1.y(), a2.y()), std::max(b1.y(), b2.y()));
 }
 
+int Index(std::size_t curve) { return static_cast<int>(curve); }
+
 bool InView(QPointF p, const ViewTransform& view) {
   return p.x() >= view.XMin() && p.x() <= view.XMax() && p.y() >= view.YMin() && p.y() <= view.YMax();
 }
@@ -49,10 +51,10 @@ void Roots(CurveRefiner& refiner, std::size_t curve, std::vector<NotablePoint>& 
   for (const QPolygonF& piece : refiner.Curves()[curve].Pieces) {
     for (qsizetype i = 1; i < piece.size(); ++i) {
       const QPointF a = piece[i - 1], b = piece[i];
-      if (a.y() == 0) out.push_back({a, NotablePoint::Kind::Root});
+      if (a.y() == 0) out.push_back({a, NotablePoint::Kind::Root, Index(curve)});
       if ((a.y() < 0) == (b.y() < 0) || b.y() == 0) continue;
       const QPointF at(a.x() + (b.x() - a.x()) * a.y() / (a.y() - b.y()), 0);
-      out.push_back({refiner.Root(curve, a, b, at), NotablePoint::Kind::Root});
+      out.push_back({refiner.Root(curve, a, b, at), NotablePoint::Kind::Root, Index(curve)});
     }
   }
 }
@@ -66,10 +68,10 @@ void Extrema(CurveRefiner& refiner, std::size_t curve, std::vector<NotablePoint>
       const bool minimum = before < 0 && after >= 0;
       if (!maximum && !minimum) continue;
       const QPointF at = refiner.Extremum(curve, piece[i - 1], piece[i], piece[i + 1], maximum);
-      out.push_back({at, maximum ? NotablePoint::Kind::Maximum : NotablePoint::Kind::Minimum});
+      out.push_back({at, maximum ? NotablePoint::Kind::Maximum : NotablePoint::Kind::Minimum, Index(curve)});
       // A curve that touches the axis at its turn has a double root there, with no change of
       // sign for the search of roots to find.
-      if (std::abs(at.y()) <= refiner.View().YPerPixel() * 1e-6) out.push_back({QPointF(at.x(), 0), NotablePoint::Kind::Root});
+      if (std::abs(at.y()) <= refiner.View().YPerPixel() * 1e-6) out.push_back({QPointF(at.x(), 0), NotablePoint::Kind::Root, Index(curve)});
     }
   }
 }
@@ -78,7 +80,7 @@ void YIntercepts(CurveRefiner& refiner, std::size_t curve, std::vector<NotablePo
   const Drawing::Curve& c = refiner.Curves()[curve];
   if (c.Explicit) {
     const double y = c.Explicit(0);
-    if (std::isfinite(y)) out.push_back({QPointF(0, y), NotablePoint::Kind::YIntercept});
+    if (std::isfinite(y)) out.push_back({QPointF(0, y), NotablePoint::Kind::YIntercept, Index(curve)});
     return;
   }
   for (const QPolygonF& piece : c.Pieces) {
@@ -86,7 +88,7 @@ void YIntercepts(CurveRefiner& refiner, std::size_t curve, std::vector<NotablePo
       const QPointF a = piece[i - 1], b = piece[i];
       if ((a.x() < 0) == (b.x() < 0) || a.x() == b.x()) continue;
       const QPointF at = a + (b - a) * (-a.x() / (b.x() - a.x()));
-      out.push_back({refiner.YIntercept(curve, at), NotablePoint::Kind::YIntercept});
+      out.push_back({refiner.YIntercept(curve, at), NotablePoint::Kind::YIntercept, Index(curve)});
     }
   }
 }
@@ -120,7 +122,8 @@ void Touchings(CurveRefiner& refiner, const IntersectionGrid& grid, std::size_t 
         if (!(std::abs(here) <= 4 * refiner.View().YPerPixel())) continue;
         const qsizetype v = static_cast<qsizetype>(i);
         if (const auto touch = refiner.Touching(index, other, piece[v - 1].x(), piece[v + 1].x(), before < 0)) {
-          out.push_back({*touch, EdgesOfOneRegion(curves, index, other) ? NotablePoint::Kind::Corner : NotablePoint::Kind::Intersection});
+          const auto kind = EdgesOfOneRegion(curves, index, other) ? NotablePoint::Kind::Corner : NotablePoint::Kind::Intersection;
+          out.push_back({*touch, kind, Index(index), Index(other)});
         }
       }
     }
@@ -206,7 +209,8 @@ void Intersections(CurveRefiner& refiner, const IntersectionGrid& grid, std::siz
         if (!at) return;
         const auto kind = EdgesOfOneRegion(curves, index, s.Curve) ? NotablePoint::Kind::Corner : NotablePoint::Kind::Intersection;
         if (!InView(*at, out.View) || NearKept(out, {*at, kind})) return;
-        Keep(out, {refiner.Crossing(std::min(index, s.Curve), std::max(index, s.Curve), b1, b2, c1, c2, *at), kind});
+        Keep(out, {refiner.Crossing(std::min(index, s.Curve), std::max(index, s.Curve), b1, b2, c1, c2, *at), kind,
+                   Index(index), Index(s.Curve)});
       });
     }
   }
@@ -259,6 +263,12 @@ QString KindName(NotablePoint::Kind kind) {
 
 QString PointText(QPointF at) {
   return QStringLiteral("(%1, %2)").arg(core::FormatNumber(at.x()), core::FormatNumber(at.y()));
+}
+
+QString ShortPointText(QPointF at, QSizeF span) {
+  const double x = std::abs(at.x()) < span.width() * 1e-3 ? 0 : at.x();
+  const double y = std::abs(at.y()) < span.height() * 1e-3 ? 0 : at.y();
+  return QStringLiteral("(%1, %2)").arg(x, 0, 'g', 6).arg(y, 0, 'g', 6);
 }
 
 std::pair<int, QPointF> NearestCurvePoint(const Drawing& drawing, const ViewTransform& view, QPointF pixel, double reach) {

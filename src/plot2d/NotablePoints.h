@@ -4,6 +4,7 @@
 #include "ViewTransform.h"
 
 #include <QPointF>
+#include <QSizeF>
 #include <QString>
 
 #include <vector>
@@ -15,6 +16,10 @@ struct NotablePoint {
   enum class Kind : std::uint8_t { Root, Maximum, Minimum, YIntercept, Intersection, Corner };
   QPointF At;
   Kind What = Kind::Root;
+  // The index in the drawing of the curve it was found on, and for an intersection or a corner
+  // the other curve's: so that a point can be named after the rows it belongs to.
+  int Curve = -1;
+  int Other = -1;
 };
 
 // The special points of one curve of a drawing that lie in the view: its roots, local extrema,
@@ -35,6 +40,11 @@ QString KindName(NotablePoint::Kind kind);
 
 // "(x, y)" to 15 significant digits, as a click on a special point copies it.
 QString PointText(QPointF at);
+
+// "(x, y)" to six digits, as the tips show a point in a view of the given span. A coordinate
+// smaller than a thousandth of the span shows as 0: at that scale it is 0, and 9.09e-09 beside the
+// origin reads like an error.
+QString ShortPointText(QPointF at, QSizeF span);
 
 // The point of a curve nearest to pixel, within reach pixels: its index and the point, or -1.
 std::pair<int, QPointF> NearestCurvePoint(const Drawing& drawing, const ViewTransform& view, QPointF pixel, double reach);

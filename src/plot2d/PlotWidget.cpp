@@ -26,15 +26,9 @@ constexpr double kKeyStep = 0.1;     // the arrow keys move a tenth of the view
 constexpr double kCurveReach = 6;    // a tip shows within this many pixels of a curve
 constexpr double kDotReach = 6;      // and a special point's tip within this many of its dot
 constexpr double kDotRadius = 3.5;
+constexpr double kRingRadius = 7;    // the ring about the point the keyboard is on
+constexpr double kRingWidth = 2;
 constexpr double kClickSlop = 3;     // a press that moves less than this is a click, not a pan
-
-// A point to six digits. A coordinate smaller than a thousandth of the view's span shows as 0: at
-// that scale it is 0, and 9.09e-09 beside the origin reads like an error. The copy keeps it.
-QString Short(QPointF at, QSizeF span) {
-  const double x = std::abs(at.x()) < span.width() * 1e-3 ? 0 : at.x();
-  const double y = std::abs(at.y()) < span.height() * 1e-3 ? 0 : at.y();
-  return QStringLiteral("(%1, %2)").arg(x, 0, 'g', 6).arg(y, 0, 'g', 6);
-}
 
 // A colour as the scene stores it: red in the low byte.
 double ValueOf(const QColor& c) { return c.red() + c.green() * 256.0 + c.blue() * 65536.0; }
@@ -42,7 +36,11 @@ double ValueOf(const QColor& c) { return c.red() + c.green() * 256.0 + c.blue() 
 }  // namespace
 
 PlotWidget::PlotWidget(QWidget* parent)
-    : QWidget(parent), m_coordinate(new QLabel(this)), m_tip(new QLabel(this)), m_menu(new QMenu(this)) {
+    : QWidget(parent),
+      m_coordinate(new QLabel(this)),
+      m_tip(new QLabel(this)),
+      m_walkTip(new QLabel(this)),
+      m_menu(new QMenu(this)) {
   setMouseTracking(true);
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_OpaquePaintEvent);
@@ -51,13 +49,15 @@ PlotWidget::PlotWidget(QWidget* parent)
   m_wheelEnd.setSingleShot(true);
   m_wheelEnd.setInterval(kWheelPauseMs);
   connect(&m_wheelEnd, &QTimer::timeout, this, [this] { EndGesture(); });
-  for (QLabel* label : {m_coordinate, m_tip}) {
+  for (QLabel* label : {m_coordinate, m_tip, m_walkTip}) {
     label->setAttribute(Qt::WA_TransparentForMouseEvents);
     label->setStyleSheet("QLabel { background: rgba(255,255,255,230); color: #111827; border: 1px solid #999; padding: 1px 3px; }");
     label->hide();
   }
   m_coordinate->setObjectName("coordinate");
   m_tip->setObjectName("tip");
+  m_walkTip->setObjectName("notableTip");
+  setAccessibleDescription(KeyHelp());  // until a window says more of what is drawn
   CopyText = [](const QString& text) { QGuiApplication::clipboard()->setText(text); };
   m_plot.OnProgress = [this](int percent) { emit Progress(percent); };
   m_plot.OnFinished = [this] { emit Finished(); };
@@ -86,6 +86,7 @@ void PlotWidget::Render(bool quick) {
   m_pictureView[2] = m_plot.YMin(), m_pictureView[3] = m_plot.YMax();
   m_readyPending = !quick;
   HideTip();  // the curves it was for have been drawn anew
+  EndWalk();  // and its points may have moved or gone; the next N finds them again
   update();
 }
 
@@ -104,6 +105,7 @@ void PlotWidget::paintEvent(QPaintEvent*) {
     painter.drawImage(target, m_picture);
   }
   PaintNotablePoints(painter);
+  PaintWalk(painter);
   painter.end();
   if (m_readyPending) {
     m_readyPending = false;
@@ -197,6 +199,7 @@ void PlotWidget::wheelEvent(QWheelEvent* event) {
 }
 
 void PlotWidget::keyPressEvent(QKeyEvent* event) {
+  if (WalkKey(*event)) return;
   if (!m_plot.Interactive()) return QWidget::keyPressEvent(event);
   const QPointF step(width() * kKeyStep, height() * kKeyStep);
   switch (event->key()) {
@@ -220,14 +223,14 @@ void PlotWidget::ShowCoordinate(QPointF pixel) {
   }
   const double x = m_plot.XMin() + pixel.x() / std::max(1, width()) * (m_plot.XMax() - m_plot.XMin());
   const double y = m_plot.YMax() - pixel.y() / std::max(1, height()) * (m_plot.YMax() - m_plot.YMin());
-  ShowLabel(m_coordinate, Short(QPointF(x, y), Span()), pixel);
+  ShowLabel(m_coordinate, ShortPointText(QPointF(x, y), Span()), pixel);
 }
 
-// A label beside the pointer, kept inside the widget; the tip goes above the coordinate.
+// A label beside the pointer, kept inside the widget; the tips go above the coordinate.
 void PlotWidget::ShowLabel(QLabel* label, const QString& text, QPointF pixel) {
   label->setText(text);
   label->adjustSize();
-  QPoint at = pixel.toPoint() + (label == m_tip ? QPoint(14, -14 - label->height()) : QPoint(14, 14));
+  QPoint at = pixel.toPoint() + (label != m_coordinate ? QPoint(14, -14 - label->height()) : QPoint(14, 14));
   at.setX(std::clamp(at.x(), 2, std::max(2, width() - label->width() - 2)));
   at.setY(std::clamp(at.y(), 2, std::max(2, height() - label->height() - 2)));
   label->move(at);
@@ -270,11 +273,11 @@ void PlotWidget::ShowTip(QPointF pixel) {
     update();
   }
   if (const NotablePoint* point = NotablePointAt(pixel)) {
-    return ShowLabel(m_tip, QStringLiteral("%1 %2").arg(KindName(point->What), Short(point->At, Span())), pixel);
+    return ShowLabel(m_tip, QStringLiteral("%1 %2").arg(KindName(point->What), ShortPointText(point->At, Span())), pixel);
   }
   if (curve < 0) return HideTip();
   const int row = drawing.Curves[static_cast<std::size_t>(curve)].Row;
-  const QString at = Short(nearest, Span());
+  const QString at = ShortPointText(nearest, Span());
   ShowLabel(m_tip, row > 0 ? QStringLiteral("Row %1: %2").arg(row).arg(at) : at, pixel);
 }
 
@@ -292,6 +295,81 @@ void PlotWidget::PaintNotablePoints(QPainter& painter) const {
   painter.setPen(QPen(Qt::white, 1));
   painter.setBrush(QColor(128, 128, 128));
   for (const NotablePoint& point : m_special) painter.drawEllipse(ToWidget(point.At), kDotRadius, kDotRadius);
+}
+
+QString PlotWidget::KeyHelp() {
+  return QStringLiteral(
+      "Arrow keys move the view, plus and minus zoom. N goes to the next notable point, Shift+N to the previous, "
+      "Home and End to the first and last, Escape leaves them.");
+}
+
+// N and Shift+N, Home and End go through the notable points, Escape leaves them. They work on a
+// locked plot too: they show points and do not move the view.
+bool PlotWidget::WalkKey(const QKeyEvent& event) {
+  const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
+  const bool plain = modifiers == Qt::NoModifier, shift = modifiers == Qt::ShiftModifier;
+  switch (event.key()) {
+    case Qt::Key_N:
+      if (plain || shift) StepWalk([plain](NotableWalk& walk) { walk.Step(plain ? 1 : -1); });
+      return plain || shift;
+    case Qt::Key_Home:
+      if (plain) StepWalk([](NotableWalk& walk) { walk.ToFirst(); });
+      return plain;
+    case Qt::Key_End:
+      if (plain) StepWalk([](NotableWalk& walk) { walk.ToLast(); });
+      return plain;
+    case Qt::Key_Escape:
+      if (!plain || !m_walk.Active()) return false;  // then Escape is the window's
+      EndWalk();
+      return true;
+    default: return false;
+  }
+}
+
+void PlotWidget::StepWalk(const std::function<void(NotableWalk&)>& move) {
+  // Between a wheel's notches the picture is not of the view on the screen, and its points would
+  // be said for the wrong places; the key is taken again once the picture has caught up.
+  if (!PictureIsCurrent() || m_wheelEnd.isActive()) return;
+  if (!m_walk.Active()) {
+    // The points of every curve at once, found anew for each walk: some milliseconds on the busiest
+    // samples (tens of curves), too short a pause to notice, and then every step is free.
+    m_restingName = accessibleName();
+    m_walk.Find(m_plot.LastDrawing(), m_plot.View());
+  }
+  move(m_walk);
+  if (const NotableWalk::Stop* stop = m_walk.Current()) {
+    ShowLabel(m_walkTip, m_walk.TipText(Span()), ToWidget(stop->At));
+  } else {
+    m_walkTip->hide();
+  }
+  update();
+  // The walk speaks through the accessible name. The description is the window's account of what
+  // is drawn, rewritten after every replot, and stays true during a walk; a new name on the
+  // focused widget is what a screen reader says at once. Qt sends NameChanged with every name
+  // set, an unchanged one too, so a stop asked for again is heard again.
+  setAccessibleName(m_walk.SpokenText(Span()));
+}
+
+// Back to the plot as it was before N: no marked point, and its own accessible name.
+void PlotWidget::EndWalk() {
+  if (!m_walk.Active()) return;
+  m_walk.Clear();
+  m_walkTip->hide();
+  setAccessibleName(m_restingName);
+  update();
+}
+
+// Every point of the walk as the tips show a curve's points, and a ring about the one it is on.
+void PlotWidget::PaintWalk(QPainter& painter) const {
+  const NotableWalk::Stop* current = m_walk.Current();
+  if (current == nullptr) return;
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(Qt::white, 1));
+  painter.setBrush(QColor(128, 128, 128));
+  for (const NotableWalk::Stop& stop : m_walk.Stops()) painter.drawEllipse(ToWidget(stop.At), kDotRadius, kDotRadius);
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(QPen(Qt::black, kRingWidth));
+  painter.drawEllipse(ToWidget(current->At), kRingRadius, kRingRadius);
 }
 
 void PlotWidget::leaveEvent(QEvent*) {

@@ -2,6 +2,7 @@
 
 #include "Plot.h"
 #include "NotablePoints.h"
+#include "NotableWalk.h"
 
 #include <QElapsedTimer>
 #include <QImage>
@@ -24,7 +25,9 @@ namespace plot2d {
 // + and -. While the view moves the last picture is shifted and a quick, low-quality picture
 // follows; the full picture comes when the gesture ends. With Interactive false the mouse
 // neither pans nor zooms. With ShowTips, the pointer near a curve shows its row and nearest point
-// and the curve's special points as grey dots; a click on a dot copies its "(x, y)".
+// and the curve's special points as grey dots; a click on a dot copies its "(x, y)". From the
+// keyboard, N and Shift+N go through the notable points of all the curves, each marked with its
+// tip in turn and said through the accessible name, for those who cannot point at a curve.
 class PlotWidget : public QWidget {
   Q_OBJECT
 
@@ -50,6 +53,10 @@ public:
   std::function<void(const QString&)> CopyText;
   // The special points shown as dots for the curve under the pointer, none when no tip shows.
   const std::vector<NotablePoint>& ShownNotablePoints() const { return m_special; }
+  // The keyboard's walk through the notable points; inactive until N, Shift+N, Home or End.
+  const NotableWalk& Walk() const { return m_walk; }
+  // The keys the plot takes, in words, for its accessible description.
+  static QString KeyHelp();
 
 signals:
   // A pan or zoom gesture ended; button is 1 for the left button and for the wheel.
@@ -85,6 +92,10 @@ private:
   QSizeF Span() const;
   const NotablePoint* NotablePointAt(QPointF pixel) const;
   void PaintNotablePoints(QPainter& painter) const;
+  bool WalkKey(const QKeyEvent& event);
+  void StepWalk(const std::function<void(NotableWalk&)>& move);
+  void EndWalk();
+  void PaintWalk(QPainter& painter) const;
   void BuildMenu();
   void Changed(const QString& setting);
 
@@ -101,6 +112,9 @@ private:
   QLabel* m_tip;
   int m_tipCurve = -1;                  // the curve of the last drawing under the pointer
   std::vector<NotablePoint> m_special;  // its special points
+  NotableWalk m_walk;
+  QLabel* m_walkTip;       // the tip of the walk's point, apart from the pointer's
+  QString m_restingName;   // the accessible name to give back when the walk ends
   QMenu* m_menu;
   bool m_readyPending = false;
 };

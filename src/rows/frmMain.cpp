@@ -151,8 +151,11 @@ void frmMain::WatchChanges() {
   connect(&m_changeCheck, &QTimer::timeout, this, &frmMain::RefreshProjectChanged);
   connect(&Functions(), &FunctionList::Changed, this, &frmMain::ProjectChanged);
   connect(this, &frmMain::Replotted, this, &frmMain::CheckChanged);
-  // What a screen reader hears of the plot follows what it shows.
-  const auto describe = [this] { m_plot->setAccessibleDescription(PlotDescription::Of(Functions(), m_state, m_plot->Scene())); };
+  // What a screen reader hears of the plot follows what it shows, and ends with the keys it takes.
+  const auto describe = [this] {
+    m_plot->setAccessibleDescription(PlotDescription::Of(Functions(), m_state, m_plot->Scene()) + u' ' +
+                                     plot2d::PlotWidget::KeyHelp());
+  };
   connect(this, &frmMain::Replotted, this, describe);
   connect(m_plot, &plot2d::PlotWidget::SettingsChanged, this, describe);
   connect(m_plot, &plot2d::PlotWidget::SettingsChanged, this, &frmMain::CheckChanged);

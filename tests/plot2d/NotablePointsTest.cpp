@@ -137,6 +137,37 @@ TEST(NotablePoints, ALineCrossingManyLevelLinesMeetsEachOnce) {
   for (int k = -9; k <= 9; ++k) EXPECT_NEAR(at[static_cast<std::size_t>(k + 9)].x(), k, 1e-12);
 }
 
+TEST(NotablePoints, EachPointKnowsItsCurveAndAMeetingTheOtherCurve) {
+  struct Expected {
+    Kind What;
+    double X, Y;
+    int Curve, Other;
+  };
+  const Plot plot = Drawn({"y=x", "y=2-x"});
+  const Expected expected[] = {
+      {Kind::Root, 0, 0, 0, -1},
+      {Kind::YIntercept, 0, 0, 0, -1},
+      {Kind::Intersection, 1, 1, 0, 1},  // found from the first curve, the second being the other
+      {Kind::Root, 2, 0, 1, -1},
+      {Kind::YIntercept, 0, 2, 1, -1},
+  };
+  const auto all = plot2d::FindAllNotablePoints(plot.LastDrawing(), plot.View());
+  ASSERT_EQ(all.size(), std::size(expected));
+  for (const Expected& e : expected) {
+    const bool found = std::any_of(all.begin(), all.end(), [&](const NotablePoint& p) {
+      return p.What == e.What && std::abs(p.At.x() - e.X) < 1e-9 && std::abs(p.At.y() - e.Y) < 1e-9 && p.Curve == e.Curve &&
+             p.Other == e.Other;
+    });
+    EXPECT_TRUE(found) << plot2d::KindName(e.What).toStdString() << " (" << e.X << ", " << e.Y << ")";
+  }
+  // Asked for the second curve alone, the meeting is found from it, with the first as the other.
+  const auto fromSecond = Found(plot, 1);
+  const auto meeting = std::find_if(fromSecond.begin(), fromSecond.end(), [](const NotablePoint& p) { return p.What == Kind::Intersection; });
+  ASSERT_NE(meeting, fromSecond.end());
+  EXPECT_EQ(meeting->Curve, 1);
+  EXPECT_EQ(meeting->Other, 0);
+}
+
 TEST(NotablePoints, PolarAndParametricCurvesMeetALine) {
   Plot plot;
   plot.SetSize(QSize(600, 600));

@@ -14,6 +14,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QTest>
 #include <QToolButton>
 #include <QWidget>
 
@@ -106,11 +107,50 @@ TEST(Accessibility, ThePlotSaysWhatItShows) {
   EXPECT_EQ(QAccessible::queryAccessibleInterface(&w->Plot())->text(QAccessible::Name), "Plot");
   EXPECT_EQ(description(),
             "x from -10 to 10, y from -10 to 10. Row 1, red: curve, y equals x squared. Row 2, orange: constant, a equals "
-            "2. Row 4, yellow: points, points: 1 comma 2; 3 comma 4. Row 5, green: polar curve, r equals 2 cosine of 3 theta.");
+            "2. Row 4, yellow: points, points: 1 comma 2; 3 comma 4. Row 5, green: polar curve, r equals 2 cosine of 3 theta. "
+            "Arrow keys move the view, plus and minus zoom. N goes to the next notable point, Shift+N to the previous, "
+            "Home and End to the first and last, Escape leaves them.");
   w->FunctionMenu().Prepare(0);
   w.Run(1169);  // hidden: no longer drawn, no longer said
   w->Replot();
   EXPECT_FALSE(description().contains("squared"));
+}
+
+TEST(Accessibility, NAtThePlotSaysANotablePointWithTheRowItBelongsTo) {
+  MainWindowFixture w;
+  w->show();
+  QApplication::setActiveWindow(w.form.get());
+  // The curve is typed into the second row with the first left empty: the first curve drawn is
+  // row 2's, and it is said as row 2.
+  w.Fill({"", ""});
+  mathx::MthX* second = w.Rows().Row(1).mthFunction;
+  second->setFocus();
+  QTest::keyClicks(second, QStringLiteral("y=x^2-1"));
+  ASSERT_EQ(second->Text(), "y=x^2-1");
+  w->Replot();
+  // The window draws the plot once more when it has kept its size for 200 ms after showing, and
+  // a redraw ends a walk: that drawing comes first.
+  QTest::qWait(500);
+  plot2d::PlotWidget& plot = w->Plot();
+  plot.setFocus();
+  QApplication::processEvents();
+  ASSERT_EQ(QApplication::focusWidget(), &plot);
+  QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(&plot);
+  const QString description = accessible->text(QAccessible::Description);
+  EXPECT_TRUE(description.startsWith("x from -10 to 10, y from -10 to 10. Row 2, orange: curve")) << description.toStdString();
+
+  QTest::keyClick(&plot, Qt::Key_N);
+  QApplication::processEvents();
+  EXPECT_EQ(accessible->text(QAccessible::Name), "Root of row 2 at (-1, 0), point 1 of 3");
+  QTest::keyClick(&plot, Qt::Key_N);
+  QApplication::processEvents();
+  EXPECT_EQ(accessible->text(QAccessible::Name), "Minimum and y-Intercept of row 2 at (0, -1), point 2 of 3");
+  // The window's account of what is drawn stays as it was, and the plot's name comes back.
+  EXPECT_EQ(accessible->text(QAccessible::Description), description);
+  QTest::keyClick(&plot, Qt::Key_Escape);
+  QApplication::processEvents();
+  EXPECT_EQ(accessible->text(QAccessible::Name), "Plot");
+  EXPECT_EQ(accessible->text(QAccessible::Description), description);
 }
 
 TEST(Accessibility, AnEquationEditorIsEditableTextWithTheEquationAsItsValue) {
