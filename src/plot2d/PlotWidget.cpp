@@ -90,6 +90,26 @@ void PlotWidget::Render(bool quick) {
   update();
 }
 
+// The keyboard's place is always visible: a ring inside the edge while the plot has the focus,
+// in the window's highlight colour, over whatever the plot's own frame is.
+void PlotWidget::PaintFocus(QPainter& painter) const {
+  if (!hasFocus()) return;
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRect(QRectF(rect()).adjusted(1, 1, -1, -1));
+}
+
+void PlotWidget::focusInEvent(QFocusEvent* event) {
+  QWidget::focusInEvent(event);
+  update();
+}
+
+void PlotWidget::focusOutEvent(QFocusEvent* event) {
+  QWidget::focusOutEvent(event);
+  update();
+}
+
 void PlotWidget::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.fillRect(rect(), m_plot.ShownBack());
@@ -106,6 +126,7 @@ void PlotWidget::paintEvent(QPaintEvent*) {
   }
   PaintNotablePoints(painter);
   PaintWalk(painter);
+  PaintFocus(painter);
   painter.end();
   if (m_readyPending) {
     m_readyPending = false;

@@ -76,6 +76,8 @@ protected:
   void keyPressEvent(QKeyEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void leaveEvent(QEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
 
 private:
   void Render(bool quick);
@@ -85,6 +87,7 @@ private:
   void EndGesture();
   void ShowCoordinate(QPointF pixel);
   void ShowTip(QPointF pixel);
+  void PaintFocus(QPainter& painter) const;
   void HideTip();
   void ShowLabel(QLabel* label, const QString& text, QPointF pixel);
   bool PictureIsCurrent() const;

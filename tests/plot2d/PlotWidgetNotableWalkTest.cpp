@@ -150,3 +150,16 @@ TEST(PlotWidgetNotableWalk, TheKeysAreInTheDescription) {
             "Arrow keys move the view, plus and minus zoom. N goes to the next notable point, Shift+N to the "
             "previous, Home and End to the first and last, Escape leaves them.");
 }
+
+// The keyboard's place is always visible: a ring in the highlight colour at the plot's edge while
+// it has the focus, none without.
+TEST(PlotWidgetNotableWalk, TheFocusShowsAsARingAtTheEdge) {
+  Walked w({{1, "y=x^2-1"}});
+  const QColor highlight = w.widget.palette().color(QPalette::Highlight);
+  const auto edge = [&] { return w.widget.grab().toImage().pixelColor(200, 1); };
+  ASSERT_TRUE(w.widget.hasFocus());
+  EXPECT_EQ(edge(), highlight);
+  w.widget.clearFocus();
+  QCoreApplication::processEvents();
+  EXPECT_NE(edge(), highlight);
+}
