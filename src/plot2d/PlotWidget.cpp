@@ -389,7 +389,8 @@ void PlotWidget::PaintWalk(QPainter& painter) const {
   painter.setBrush(QColor(128, 128, 128));
   for (const NotableWalk::Stop& stop : m_walk.Stops()) painter.drawEllipse(ToWidget(stop.At), kDotRadius, kDotRadius);
   painter.setBrush(Qt::NoBrush);
-  painter.setPen(QPen(Qt::black, kRingWidth));
+  // Black on a light back, white on a dark one (the dark look's, or one the user chose).
+  painter.setPen(QPen(m_plot.ShownBack().lightness() < 128 ? Qt::white : Qt::black, kRingWidth));
   painter.drawEllipse(ToWidget(current->At), kRingRadius, kRingRadius);
 }
 

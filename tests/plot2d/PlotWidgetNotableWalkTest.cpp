@@ -163,3 +163,16 @@ TEST(PlotWidgetNotableWalk, TheFocusShowsAsARingAtTheEdge) {
   QCoreApplication::processEvents();
   EXPECT_NE(edge(), highlight);
 }
+
+// On the dark look's plot the ring is white, so that it shows there too.
+TEST(PlotWidgetNotableWalk, TheRingShowsOnADarkPlot) {
+  Walked w({{1, "y=x^2-1"}});
+  w.widget.Scene().SetDarkDefaults(true);
+  w.widget.Redraw();
+  QCoreApplication::processEvents();
+  const QPoint onRing(185, 145);
+  const auto gray = [&] { return qGray(w.widget.grab().toImage().pixel(onRing)); };
+  EXPECT_LT(gray(), 100);
+  QTest::keyClick(&w.widget, Qt::Key_N);
+  EXPECT_GT(gray(), 150);
+}
