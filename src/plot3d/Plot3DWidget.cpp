@@ -1,5 +1,6 @@
 #include "Plot3DWidget.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWheelEvent>
@@ -17,7 +18,10 @@ constexpr double kWheelStep = 1.15;     // the zoom's factor for one notch
 
 }  // namespace
 
-Plot3DWidget::Plot3DWidget(QWidget* parent) : QWidget(parent) { setAttribute(Qt::WA_OpaquePaintEvent); }
+Plot3DWidget::Plot3DWidget(QWidget* parent) : QWidget(parent) {
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setFocusPolicy(Qt::StrongFocus);
+}
 
 // A surface still being computed is stopped and waited for: the worker holds no pointer to the
 // widget, but its result is delivered to it.
@@ -76,6 +80,39 @@ void Plot3DWidget::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.fillRect(rect(), m_plot.Background());
   painter.drawImage(QPoint(0, 0), m_plot.Picture());
+  if (hasFocus()) {
+    // The keyboard's place is always visible: a ring inside the edge in the highlight colour.
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(QRectF(rect()).adjusted(1, 1, -1, -1));
+  }
+}
+
+void Plot3DWidget::focusInEvent(QFocusEvent* event) {
+  QWidget::focusInEvent(event);
+  update();
+}
+
+void Plot3DWidget::focusOutEvent(QFocusEvent* event) {
+  QWidget::focusOutEvent(event);
+  update();
+}
+
+// The keyboard's way to turn and zoom the box, ten degrees or one wheel notch a key.
+void Plot3DWidget::keyPressEvent(QKeyEvent* event) {
+  constexpr double kTurnPerKey = std::numbers::pi / 18;
+  Camera& view = m_plot.View();
+  switch (event->key()) {
+    case Qt::Key_Left: view.Azimuth -= kTurnPerKey; break;
+    case Qt::Key_Right: view.Azimuth += kTurnPerKey; break;
+    case Qt::Key_Up: view.Elevation = std::min(view.Elevation + kTurnPerKey, std::numbers::pi / 2); break;
+    case Qt::Key_Down: view.Elevation = std::max(view.Elevation - kTurnPerKey, -std::numbers::pi / 2); break;
+    case Qt::Key_Plus:
+    case Qt::Key_Equal: m_plot.SetZoom(m_plot.Zoom() * kWheelStep); break;
+    case Qt::Key_Minus: m_plot.SetZoom(m_plot.Zoom() / kWheelStep); break;
+    default: return QWidget::keyPressEvent(event);
+  }
+  Refresh();
 }
 
 void Plot3DWidget::resizeEvent(QResizeEvent*) { Refresh(); }

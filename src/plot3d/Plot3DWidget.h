@@ -15,7 +15,8 @@ namespace plot3d {
 // The surface plot on the screen. Redraw computes the mesh on a worker thread and returns at once;
 // the last picture stays, and follows the turns and zooms, until the new surface is ready. A
 // Redraw while a surface is still being computed stops that one. A left
-// drag turns the box (across: about the vertical axis; up and down: the tilt), the wheel zooms.
+// drag turns the box (across: about the vertical axis; up and down: the tilt), the wheel zooms;
+// with the focus, the arrow keys turn and tilt it and + and - zoom, and a ring shows the focus.
 class Plot3DWidget : public QWidget {
   Q_OBJECT
 
@@ -43,6 +44,9 @@ protected:
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
 
 private:
   void Computed(std::uint64_t generation);

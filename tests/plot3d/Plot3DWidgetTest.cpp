@@ -7,6 +7,8 @@
 #include <QTest>
 #include <QWheelEvent>
 
+#include <numbers>
+
 using plot3d::Plot3DWidget;
 
 namespace {
@@ -145,4 +147,36 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   ::testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();
+}
+
+// The surface turns and zooms from the keyboard as from the mouse: Left and Right turn it about
+// the vertical axis, Up and Down tilt it, + and - zoom; and the focus shows as a ring at the edge.
+TEST(Plot3DWidget, TheKeysTurnAndZoomTheBoxAndTheFocusShows) {
+  Shown s;
+  ASSERT_TRUE(s.Drawn());
+  EXPECT_TRUE(s.widget.focusPolicy() & Qt::TabFocus) << "Tab reaches the 3D plot";
+  s.widget.setFocus();
+  QApplication::processEvents();
+  const double azimuth = s.widget.Scene().View().Azimuth, elevation = s.widget.Scene().View().Elevation;
+  const double zoom = s.widget.Scene().Zoom();
+  QTest::keyClick(&s.widget, Qt::Key_Right);
+  EXPECT_NEAR(s.widget.Scene().View().Azimuth, azimuth + std::numbers::pi / 18, 1e-12);
+  QTest::keyClick(&s.widget, Qt::Key_Left);
+  QTest::keyClick(&s.widget, Qt::Key_Left);
+  EXPECT_NEAR(s.widget.Scene().View().Azimuth, azimuth - std::numbers::pi / 18, 1e-12);
+  QTest::keyClick(&s.widget, Qt::Key_Up);
+  EXPECT_NEAR(s.widget.Scene().View().Elevation, elevation + std::numbers::pi / 18, 1e-12);
+  for (int i = 0; i < 40; ++i) QTest::keyClick(&s.widget, Qt::Key_Down);
+  EXPECT_DOUBLE_EQ(s.widget.Scene().View().Elevation, -std::numbers::pi / 2) << "the tilt stops at straight down";
+  QTest::keyClick(&s.widget, Qt::Key_Plus);
+  EXPECT_GT(s.widget.Scene().Zoom(), zoom);
+  QTest::keyClick(&s.widget, Qt::Key_Minus);
+  QTest::keyClick(&s.widget, Qt::Key_Minus);
+  EXPECT_LT(s.widget.Scene().Zoom(), zoom);
+
+  const QColor highlight = s.widget.palette().color(QPalette::Highlight);
+  EXPECT_EQ(s.widget.grab().toImage().pixelColor(160, 1), highlight);
+  s.widget.clearFocus();
+  QApplication::processEvents();
+  EXPECT_NE(s.widget.grab().toImage().pixelColor(160, 1), highlight);
 }
