@@ -94,17 +94,19 @@ void frmContactUS::resizeEvent(QResizeEvent* event) {
 void frmContactUS::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
+  // In the dark look the wash is a deep blue, so that the palette's light text reads on it.
+  const bool dark = palette().color(QPalette::Window).lightness() < 128;
   QLinearGradient wash(0, 0, width(), height());
-  wash.setColorAt(0, QColor(0xef, 0xf6, 0xff));
-  wash.setColorAt(1, QColor(0xdb, 0xea, 0xfe));
+  wash.setColorAt(0, dark ? QColor(0x1f, 0x2a, 0x3c) : QColor(0xef, 0xf6, 0xff));
+  wash.setColorAt(1, dark ? QColor(0x17, 0x20, 0x33) : QColor(0xdb, 0xea, 0xfe));
   painter.fillRect(rect(), wash);
   QPainterPath curve;
   curve.moveTo(0, height() * 0.85);
   curve.cubicTo(width() * 0.3, height() * 0.85, width() * 0.4, height() * 0.45, width() * 0.62, height() * 0.6);
   curve.cubicTo(width() * 0.8, height() * 0.72, width() * 0.9, height() * 0.5, width(), height() * 0.35);
-  painter.setPen(QPen(QColor(0x93, 0xc5, 0xfd, 120), 10, Qt::SolidLine, Qt::RoundCap));
+  painter.setPen(QPen(dark ? QColor(0x3b, 0x82, 0xf6, 90) : QColor(0x93, 0xc5, 0xfd, 120), 10, Qt::SolidLine, Qt::RoundCap));
   painter.drawPath(curve);
-  painter.setPen(QPen(QColor(0x94, 0xa3, 0xb8), 1));
+  painter.setPen(QPen(dark ? QColor(0x6b, 0x73, 0x85) : QColor(0x94, 0xa3, 0xb8), 1));
   painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
 }
 

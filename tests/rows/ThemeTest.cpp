@@ -2,6 +2,7 @@
 // next start, and a plot whose default colours follow the look on the screen alone.
 #include "MainWindowFixture.h"
 
+#include "output/frmContactUS.h"
 #include "platform/DataFolder.h"
 #include "platform/Theme.h"
 #include "plot2d/Plot.h"
@@ -14,6 +15,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QLabel>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 
@@ -226,6 +228,29 @@ TEST(Theme, IconsAreDrawnLightOnDarkWindows) {
   const double dark = MeanLightness(icon.pixmap(32, 32).toImage());
   QApplication::setPalette(before);
   EXPECT_GT(dark, light + 0.2);
+}
+
+}  // namespace
+
+namespace {
+
+// The contact form paints its own wash: in either look the form's text reads on it.
+TEST(Theme, TheContactFormsTextReadsOnItsWashInBothLooks) {
+  const QPalette before = QApplication::palette();
+  for (const bool dark : {false, true}) {
+    QApplication::setPalette(Theme::Palette(dark));
+    RecordingDesktop desktop;
+    output::frmContactUS form(desktop);
+    form.resize(400, 300);
+    const QImage picture = form.grab().toImage();
+    const QLabel* title = form.findChild<QLabel*>(QStringLiteral("ContactTitle"));
+    ASSERT_NE(title, nullptr);
+    for (const QPoint at : {QPoint(4, 4), QPoint(395, 295)}) {
+      EXPECT_GE(Contrast::Ratio(title->palette().color(QPalette::WindowText), picture.pixelColor(at)), 4.5)
+          << (dark ? "dark" : "light") << " at " << at.x();
+    }
+  }
+  QApplication::setPalette(before);
 }
 
 }  // namespace
