@@ -107,8 +107,9 @@ TEST_P(BothLooks, ThePalettesTextReads) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Theme, BothLooks, ::testing::Values(false, true),
-                         [](const auto& info) { return info.param ? "Dark" : "Light"; });
+std::string LookName(const ::testing::TestParamInfo<bool>& look) { return look.param ? "Dark" : "Light"; }
+
+INSTANTIATE_TEST_SUITE_P(Theme, BothLooks, ::testing::Values(false, true), LookName);
 
 // In the dark sheet, surfaces are dark and texts light: no colour of the light sheet is left
 // behind by a rule that was missed.
