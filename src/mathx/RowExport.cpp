@@ -1,5 +1,6 @@
 #include "RowExport.h"
 
+#include "NodeShape.h"
 #include "RowParser.h"
 
 #include <QHash>
@@ -73,34 +74,6 @@ const QHash<QString, QString>& LatexFunctions() {
   return functions;
 }
 
-// As the typesetter decides: a quotient's operand that reads as one piece may stand in a
-// built-up fraction.
-bool IsCompact(const MathNode& node) {
-  switch (node.kind) {
-    case Kind::Number: case Kind::Variable: case Kind::Greek: case Kind::Word: case Kind::Call:
-    case Kind::Group: case Kind::Power: case Kind::Radical: case Kind::Abs: case Kind::Placeholder:
-      return true;
-    case Kind::Unary: return node.text == u"!" || IsCompact(node.children[0]);
-    default: return false;
-  }
-}
-
-bool IsQuotient(const MathNode& node) { return node.ops.size() == 1 && node.ops.front() == u"/"; }
-
-// The nodes whose characters meet at a gap of a product, for the choice of a dot.
-const MathNode& Leftmost(const MathNode& node) {
-  const MathNode* at = &node;
-  while ((at->kind == Kind::Binary || at->kind == Kind::Power || at->kind == Kind::Chain) && !at->children.empty())
-    at = &at->children.front();
-  return *at;
-}
-
-const MathNode& Rightmost(const MathNode& node) {
-  const MathNode* at = &node;
-  while (at->kind == Kind::Binary && !at->children.empty()) at = &at->children.back();
-  return *at;
-}
-
 // A radicand that the root sign takes without brackets in plain text: √2, √x, √|x|, √sin(x).
 bool StandsUnderRootSign(const MathNode& node) {
   switch (node.kind) {
@@ -129,7 +102,7 @@ QString RowExport::Write(const MathNode& node, double scale) const {
     case Kind::Number: case Kind::Variable: case Kind::Greek: case Kind::Word: return Leaf(node);
     case Kind::Call: return Call(node, scale);
     case Kind::Group: return Group(node, scale);
-    case Kind::Binary: return IsQuotient(node) ? Fraction(node, scale) : Binary(node, scale);
+    case Kind::Binary: return NodeShape::IsQuotient(node) ? Fraction(node, scale) : Binary(node, scale);
     case Kind::Unary: return Unary(node, scale);
     case Kind::Power: return Power(node, scale);
     case Kind::Chain: return Chain(node, scale);
@@ -192,7 +165,7 @@ QString RowExport::Binary(const MathNode& node, double scale) const {
     else if (op == u"mod") glyph = Latex() ? QStringLiteral("\\bmod ") : QStringLiteral(" mod ");
     else if (op == u"\\") glyph = Latex() ? QStringLiteral("\\backslash ") : QStringLiteral("\\");
     else if (op == u"/") glyph = QStringLiteral("/");
-    else glyph = Product(Rightmost(node.children[i - 1]), op, Leftmost(node.children[i]));
+    else glyph = Product(NodeShape::Rightmost(node.children[i - 1]), op, NodeShape::Leftmost(node.children[i]));
     Append(out, glyph);
     Append(out, Write(node.children[i], scale));
   }
@@ -212,7 +185,7 @@ QString RowExport::Product(const MathNode& left, const QString& op, const MathNo
 }
 
 QString RowExport::Fraction(const MathNode& node, double scale) const {
-  const bool builtUp = scale >= kScriptLimit && IsCompact(node.children[0]) && IsCompact(node.children[1]);
+  const bool builtUp = scale >= kScriptLimit && NodeShape::IsCompact(node.children[0]) && NodeShape::IsCompact(node.children[1]);
   if (!Latex() || !builtUp) return Binary(node, scale);
   // The parts' own round brackets are the bar's to show.
   const auto part = [&](const MathNode& child) {

@@ -1,5 +1,6 @@
 #include "SpokenForm.h"
 
+#include "NodeShape.h"
 #include "RowParser.h"
 
 #include <QHash>
@@ -84,20 +85,6 @@ const MathNode& Unwrapped(const MathNode& node) {
   return *at;
 }
 
-// As the typesetter decides: a quotient's operand that reads as one piece stands in a built-up
-// fraction.
-bool IsCompact(const MathNode& node) {
-  switch (node.kind) {
-    case Kind::Number: case Kind::Variable: case Kind::Greek: case Kind::Word: case Kind::Call:
-    case Kind::Group: case Kind::Power: case Kind::Radical: case Kind::Abs: case Kind::Placeholder:
-      return true;
-    case Kind::Unary: return node.text == u"!" || IsCompact(node.children[0]);
-    default: return false;
-  }
-}
-
-bool IsQuotient(const MathNode& node) { return node.ops.size() == 1 && node.ops.front() == u"/"; }
-
 // "5th", "2nd", "11th": the index of a root.
 QString Ordinal(const QString& digits) {
   const int n = digits.toInt();
@@ -148,7 +135,7 @@ QString SpokenForm::Say(const MathNode& node, bool last) {
       return Leaf(node);
     case Kind::Call: return Call(node, last);
     case Kind::Group: return Group(node, last);
-    case Kind::Binary: return IsQuotient(node) ? Fraction(node, last) : Binary(node, last);
+    case Kind::Binary: return NodeShape::IsQuotient(node) ? Fraction(node, last) : Binary(node, last);
     case Kind::Unary: return Unary(node, last);
     case Kind::Power: return Power(node, last);
     case Kind::Chain: return Chain(node);
@@ -222,7 +209,7 @@ QString SpokenForm::Binary(const MathNode& node, bool last) {
 // A quotient the typesetter leaves on the line is "divided by"; a built-up one of two plain parts
 // is "x over 2"; any other built-up one is "the fraction ... over ...".
 QString SpokenForm::Fraction(const MathNode& node, bool last) {
-  if (!IsCompact(node.children[0]) || !IsCompact(node.children[1])) return Binary(node, last);
+  if (!NodeShape::IsCompact(node.children[0]) || !NodeShape::IsCompact(node.children[1])) return Binary(node, last);
   const MathNode& numerator = Unwrapped(node.children[0]);
   const MathNode& denominator = Unwrapped(node.children[1]);
   if (IsTight(numerator) && IsTight(denominator))

@@ -1,5 +1,7 @@
 #include "Typesetter.h"
 
+#include "NodeShape.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -64,37 +66,6 @@ private:
   std::vector<CaretSlot> m_pending;
 };
 
-// Whether a quotient's operand may stand in a built-up fraction: something that reads as one
-// piece (a bracket, a name, a number, a power, a root) rather than a run of terms.
-bool IsCompact(const MathNode& node) {
-  switch (node.kind) {
-    case Kind::Number: case Kind::Variable: case Kind::Greek: case Kind::Word: case Kind::Call:
-    case Kind::Group: case Kind::Power: case Kind::Radical: case Kind::Abs: case Kind::Placeholder:
-      return true;
-    case Kind::Unary: return node.text == u"!" || IsCompact(node.children[0]);
-    // Nor a quotient: x/2/3 stacked three high would not say which bar is the main one.
-    default: return false;
-  }
-}
-
-// A single "/" between two operands, asked without building a list to compare with.
-bool IsQuotient(const MathNode& node) { return node.ops.size() == 1 && node.ops.front() == u"/"; }
-
-// The node whose first character the reader meets first, for the choice between a dot and a
-// thin space in a product.
-const MathNode& Leftmost(const MathNode& node) {
-  const MathNode* at = &node;
-  while ((at->kind == Kind::Binary || at->kind == Kind::Power || at->kind == Kind::Chain) && !at->children.empty())
-    at = &at->children.front();
-  return *at;
-}
-
-const MathNode& Rightmost(const MathNode& node) {
-  const MathNode* at = &node;
-  while (at->kind == Kind::Binary && !at->children.empty()) at = &at->children.back();
-  return *at;
-}
-
 QString RelationGlyph(const QString& op) {
   if (op == u"<=" || op == u"=<") return QString::fromUtf8("≤");
   if (op == u">=" || op == u"=>") return QString::fromUtf8("≥");
@@ -134,7 +105,7 @@ LayoutBox Typesetter::Set(const MathNode& node, double size) const {
       return Leaf(node, size);
     case Kind::Call: return Call(node, size);
     case Kind::Group: return Group(node, size);
-    case Kind::Binary: return IsQuotient(node) ? Quotient(node, size) : Binary(node, size);
+    case Kind::Binary: return NodeShape::IsQuotient(node) ? Quotient(node, size) : Binary(node, size);
     case Kind::Unary: return Unary(node, size);
     case Kind::Power: return Power(node, size);
     case Kind::Chain: return Chain(node, size);
@@ -319,8 +290,8 @@ LayoutBox Typesetter::Binary(const MathNode& node, double size) const {
   for (size_t i = 1; i < node.children.size(); ++i) {
     const QString& op = node.ops[i - 1];
     const SourceRange mark = node.marks[i - 1];
-    const MathNode& left = Rightmost(node.children[i - 1]);
-    const MathNode& right = Leftmost(node.children[i]);
+    const MathNode& left = NodeShape::Rightmost(node.children[i - 1]);
+    const MathNode& right = NodeShape::Leftmost(node.children[i]);
     if (op == u"+") row.Add(Operator("+", size, mark, kMedium, kMedium));
     else if (op == u"-") row.Add(Operator(QString::fromUtf8("−"), size, mark, kMedium, kMedium));
     else if (op == u"mod") row.Add(Operator("mod", size, mark, kThick, kThick));
@@ -349,7 +320,7 @@ LayoutBox Typesetter::Binary(const MathNode& node, double size) const {
 LayoutBox Typesetter::Quotient(const MathNode& node, double size) const {
   // In an exponent a quotient stays on the line, as in print: e^(-x/2).
   const bool script = size < m_size * (kScript + 0.05);
-  if (!script && IsCompact(node.children[0]) && IsCompact(node.children[1])) return Fraction(node, size);
+  if (!script && NodeShape::IsCompact(node.children[0]) && NodeShape::IsCompact(node.children[1])) return Fraction(node, size);
   return Binary(node, size);
 }
 
